@@ -1,0 +1,11 @@
+# Fails when a core source (outside screens/ and plot/render/) includes a Qt header.
+file(GLOB_RECURSE files ${ROOT}/*.h ${ROOT}/*.cpp)
+foreach(f IN LISTS files)
+  if(f MATCHES "/screens/" OR f MATCHES "/plot/render/" OR f MATCHES "/cli/" OR f MATCHES "/app/main/")
+    continue()
+  endif()
+  file(STRINGS ${f} hits REGEX "^[ \t]*#[ \t]*include[ \t]*<Q")
+  if(hits)
+    message(FATAL_ERROR "Core file includes a Qt header: ${f}: ${hits}")
+  endif()
+endforeach()

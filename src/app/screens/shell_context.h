@@ -1,0 +1,41 @@
+#pragma once
+// What the shell hands to every screen and editor: the session, the settings and the dialogs.
+#include <QString>
+#include <functional>
+#include <map>
+#include <string>
+
+#include "app/session.h"
+#include "app/settings_store.h"
+#include "app/user_notice.h"
+
+class QWidget;
+
+namespace norvo::gui {
+
+class DataEditor;
+
+struct ShellContext {
+    Session& session;
+    SettingsStore& settings;
+    DialogService& dialogs;
+    QString programFolder;  // where Templates/, Help/ and Data/ stand
+    // Applies an EnableEditCommands token to the main window (no-op without one).
+    std::function<void(const std::string& token)> enableEditCommands = [](const std::string&) {};
+    // Sets the popup and Edit menu entries for the editor in front.
+    std::function<void(bool isLfqEditor)> setEditorMenus = [](bool) {};
+    // Shows a text in the main window's status bar.
+    std::function<void(const QString&)> showStatus = [](const QString&) {};
+};
+
+// Makes an analysis or tool screen (a single shared instance is kept by the shell).
+using ScreenFactory = std::function<QWidget*(ShellContext&, QWidget* parent)>;
+// Makes a new editor for a file kind.
+using EditorFactory = std::function<DataEditor*(ShellContext&, QWidget* parent)>;
+
+// Screen name ("frmELEFAN1") -> factory, for every screen built so far.
+const std::map<std::string, ScreenFactory>& ScreenFactories();
+// Kind ("LFQ") -> editor factory, for every editor built so far.
+const std::map<std::string, EditorFactory>& EditorFactories();
+
+}  // namespace norvo::gui
