@@ -9,7 +9,7 @@
 namespace norvo {
 
 class ScriptedDialogs : public DialogService {
-public:
+  public:
     // Scripted answers, consumed in order. A question (any button set other than Ok) with no
     // scripted answer left takes `defaultAnswer` if set, otherwise throws, so a test notices.
     std::deque<Answer> answers;
@@ -64,7 +64,7 @@ public:
         return shown.back();
     }
 
-private:
+  private:
     static std::optional<std::string> pop(std::deque<std::optional<std::string>>& q,
                                           const std::string& what) {
         if (q.empty()) throw std::logic_error("Unscripted " + what);

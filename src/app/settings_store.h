@@ -7,16 +7,16 @@
 
 namespace norvo {
 
-inline constexpr const char* kAppTitle = "Norvo II";        // window geometry lives here
+inline constexpr const char* kAppTitle = "Norvo II";  // window geometry lives here
 inline constexpr const char* kSectionSettings = "Settings";
-inline constexpr const char* kRunTimeApp = "Norvo";         // run-time state lives here
+inline constexpr const char* kRunTimeApp = "Norvo";  // run-time state lives here
 inline constexpr const char* kSectionRunTime = "RunTime";
 
 inline constexpr const char* kKeyLastActive = "LastActive";
 inline constexpr const char* kNoActiveFile = "No Active File";
 
 class SettingsStore {
-public:
+  public:
     virtual ~SettingsStore() = default;
     // The stored text, or `fallback` when the key is missing.
     virtual std::string get(const std::string& app, const std::string& section,
@@ -35,7 +35,7 @@ public:
 
 // In-memory store for tests and the command-line front end.
 class MemorySettingsStore : public SettingsStore {
-public:
+  public:
     std::string get(const std::string& app, const std::string& section, const std::string& key,
                     const std::string& fallback) const override {
         auto it = values_.find({app, section, key});
@@ -45,11 +45,12 @@ public:
              const std::string& value) override {
         values_[{app, section, key}] = value;
     }
-    bool contains(const std::string& app, const std::string& section, const std::string& key) const {
+    bool contains(const std::string& app, const std::string& section,
+                  const std::string& key) const {
         return values_.count({app, section, key}) != 0;
     }
 
-private:
+  private:
     std::map<std::tuple<std::string, std::string, std::string>, std::string> values_;
 };
 

@@ -26,8 +26,8 @@ struct FileDialogOptions {
     std::string startFolder;
     std::string defaultExtension;
     std::string initialName;
-    bool mustExist = false;       // open: the file must exist
-    bool overwritePrompt = false; // save: warn before overwriting
+    bool mustExist = false;        // open: the file must exist
+    bool overwritePrompt = false;  // save: warn before overwriting
 };
 
 struct InputBoxOptions {
@@ -37,7 +37,7 @@ struct InputBoxOptions {
 };
 
 class DialogService {
-public:
+  public:
     virtual ~DialogService() = default;
     virtual Answer notify(const UserNotice& notice) = 0;
     // A chosen path, or nothing when the user cancels.

@@ -19,7 +19,8 @@ int main(int argc, char** argv) {
     {
         std::error_code ec;
         auto exe = std::filesystem::canonical("/proc/self/exe", ec);
-        ctx.programFolder = ec ? std::filesystem::current_path().string() : exe.parent_path().string();
+        ctx.programFolder =
+            ec ? std::filesystem::current_path().string() : exe.parent_path().string();
     }
     CLI::App app{"Norvo II headless front end: runs the toolbox's analyses on data files."};
     app.require_subcommand(1);

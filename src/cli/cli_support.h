@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "app/scripted_dialogs.h"
-#include "app/settings_store.h"
 #include "app/session.h"
+#include "app/settings_store.h"
 
 namespace norvo::cli {
 

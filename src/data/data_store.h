@@ -18,7 +18,9 @@ namespace norvo {
 // A field value: null, whole number, real number or text. Dates are text "YYYY-MM-DD".
 using FieldValue = std::variant<std::monostate, int64_t, double, std::string>;
 
-inline bool IsNull(const FieldValue& v) { return std::holds_alternative<std::monostate>(v); }
+inline bool IsNull(const FieldValue& v) {
+    return std::holds_alternative<std::monostate>(v);
+}
 // Numeric value of a field (null gives 0; text is parsed; bad text is a ConversionFault).
 double AsDouble(const FieldValue& v);
 int64_t AsInteger(const FieldValue& v);
@@ -31,7 +33,7 @@ enum class FieldType { Int16, Int32, Float32, Float64, Date, Text };
 
 // Failure to open or read a store: missing file, not a store, wrong or hostile schema.
 class StoreError : public std::runtime_error {
-public:
+  public:
     using std::runtime_error::runtime_error;
 };
 
@@ -40,14 +42,14 @@ class DataStore;
 // A record set: the rows of one SELECT (or table), with a cursor. Changes are written through
 // at update(). Rows are held in memory; the files are small.
 class Records {
-public:
+  public:
     ~Records();
     Records(Records&&) noexcept;
     Records& operator=(Records&&) noexcept;
 
-    void addNew();   // begin a new record (fields null)
-    void edit();     // begin editing the current record
-    void update();   // write the new or edited record
+    void addNew();  // begin a new record (fields null)
+    void edit();    // begin editing the current record
+    void update();  // write the new or edited record
     void moveFirst();
     void moveLast();
     void moveNext();
@@ -62,7 +64,7 @@ public:
     std::vector<std::string> fieldNames() const;
     void close();
 
-private:
+  private:
     friend class DataStore;
     struct Impl;
     explicit Records(std::unique_ptr<Impl> impl);
@@ -70,7 +72,7 @@ private:
 };
 
 class DataStore {
-public:
+  public:
     // Opens an existing store (defensive mode, untrusted schema). Throws StoreError when the
     // file is missing, is not a store, or its schema holds triggers, views or foreign tables.
     static DataStore open(const std::string& path);
@@ -90,7 +92,7 @@ public:
     // The declared type of a field of a table (by the kind's schema), if known.
     std::optional<FieldType> fieldType(const std::string& table, const std::string& field) const;
 
-private:
+  private:
     struct Impl;
     explicit DataStore(std::unique_ptr<Impl> impl);
     std::unique_ptr<Impl> impl_;

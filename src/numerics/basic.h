@@ -8,13 +8,19 @@
 namespace norvo {
 
 // Largest integer not above x (floor).
-inline double Int(double x) { return std::floor(CheckFinite(x)); }
+inline double Int(double x) {
+    return std::floor(CheckFinite(x));
+}
 
 // Integer part, truncated toward zero.
-inline double Fix(double x) { return std::trunc(CheckFinite(x)); }
+inline double Fix(double x) {
+    return std::trunc(CheckFinite(x));
+}
 
 // Round half to even ("banker's rounding").
-inline double RoundHalfEven(double x) { return std::nearbyint(CheckFinite(x)); }
+inline double RoundHalfEven(double x) {
+    return std::nearbyint(CheckFinite(x));
+}
 
 // 16-bit integer conversion, round half to even; out of range is an overflow.
 inline int16_t CInt(double x) {

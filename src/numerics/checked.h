@@ -28,14 +28,18 @@ inline double Ln(double x) {
     return std::log(x);
 }
 
-inline double Log10(double x) { return Ln(x) / std::log(10.0); }
+inline double Log10(double x) {
+    return Ln(x) / std::log(10.0);
+}
 
 inline double Sqrt(double x) {
     if (x < 0.0 || std::isnan(x)) ThrowInvalidCall();
     return std::sqrt(x);
 }
 
-inline double Exp(double x) { return CheckFinite(std::exp(x)); }
+inline double Exp(double x) {
+    return CheckFinite(std::exp(x));
+}
 
 // a ^ b; a negative base with a fractional exponent is an invalid call, 0 ^ negative divides by 0.
 inline double Pow(double a, double b) {

@@ -17,7 +17,7 @@ enum class FaultNumber : int {
 };
 
 class Fault : public std::runtime_error {
-public:
+  public:
     Fault(FaultNumber number, const std::string& description, std::string source = "Norvo II")
         : std::runtime_error(description), number_(number), source_(std::move(source)) {}
     int number() const { return static_cast<int>(number_); }
@@ -25,27 +25,28 @@ public:
     std::string description() const { return what(); }
     const std::string& source() const { return source_; }
 
-private:
+  private:
     FaultNumber number_;
     std::string source_;
 };
 
 // Division by zero, overflow, and bad arguments to logarithm, root or power.
 class ArithmeticFault : public Fault {
-public:
+  public:
     using Fault::Fault;
 };
 
 // An index outside an array's bounds.
 class SubscriptFault : public Fault {
-public:
+  public:
     explicit SubscriptFault(const std::string& where = {})
-        : Fault(FaultNumber::SubscriptOutOfRange, "Subscript out of range", where.empty() ? "Norvo II" : where) {}
+        : Fault(FaultNumber::SubscriptOutOfRange, "Subscript out of range",
+                where.empty() ? "Norvo II" : where) {}
 };
 
 // Text that is not a number where a number is required.
 class ConversionFault : public Fault {
-public:
+  public:
     explicit ConversionFault(const std::string& where = {})
         : Fault(FaultNumber::TypeMismatch, "Type mismatch", where.empty() ? "Norvo II" : where) {}
 };
@@ -57,7 +58,9 @@ inline const char* const kInvalidCall = "Invalid procedure call or argument";
 [[noreturn]] inline void ThrowDivisionByZero() {
     throw ArithmeticFault(FaultNumber::DivisionByZero, kDivisionByZero);
 }
-[[noreturn]] inline void ThrowOverflow() { throw ArithmeticFault(FaultNumber::Overflow, kOverflow); }
+[[noreturn]] inline void ThrowOverflow() {
+    throw ArithmeticFault(FaultNumber::Overflow, kOverflow);
+}
 [[noreturn]] inline void ThrowInvalidCall() {
     throw ArithmeticFault(FaultNumber::InvalidCall, kInvalidCall);
 }

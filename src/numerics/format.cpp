@@ -10,8 +10,8 @@ namespace norvo {
 namespace {
 
 struct Pattern {
-    int minInt = 0;     // integer digits always shown
-    int decimals = 0;   // digits after the point
+    int minInt = 0;    // integer digits always shown
+    int decimals = 0;  // digits after the point
     bool grouping = false;
 };
 
@@ -87,7 +87,8 @@ std::string FormatLocal(double x, std::string_view pattern, char decimalSeparato
     if (static_cast<int>(intDigits.size()) < p.minInt)
         intDigits.insert(0, p.minInt - intDigits.size(), '0');
     if (p.grouping) {
-        for (int k = static_cast<int>(intDigits.size()) - 3; k > 0; k -= 3) intDigits.insert(k, ",");
+        for (int k = static_cast<int>(intDigits.size()) - 3; k > 0; k -= 3)
+            intDigits.insert(k, ",");
     }
     std::string out = intDigits;
     if (p.decimals > 0) {
@@ -99,6 +100,8 @@ std::string FormatLocal(double x, std::string_view pattern, char decimalSeparato
     return out;
 }
 
-std::string Format(double x, std::string_view pattern) { return FormatLocal(x, pattern, '.'); }
+std::string Format(double x, std::string_view pattern) {
+    return FormatLocal(x, pattern, '.');
+}
 
 }  // namespace norvo

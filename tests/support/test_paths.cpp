@@ -2,13 +2,13 @@
 
 #include <sys/wait.h>
 
+#include <unistd.h>
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <random>
 #include <sstream>
-#include <unistd.h>
 
 namespace norvo::test {
 
@@ -17,7 +17,9 @@ std::filesystem::path BinDir() {
     return NORVO_BIN_DIR;
 }
 
-std::filesystem::path SourceDir() { return NORVO_SOURCE_DIR; }
+std::filesystem::path SourceDir() {
+    return NORVO_SOURCE_DIR;
+}
 
 TempDir::TempDir() {
     static std::atomic<int> counter{0};

@@ -8,10 +8,10 @@ class QWidget;
 namespace norvo::gui {
 
 class DataEditor {
-public:
+  public:
     virtual ~DataEditor() = default;
     virtual QWidget* widget() = 0;
-    virtual QString kind() const = 0;   // "LFQ", "ULF", ...
+    virtual QString kind() const = 0;  // "LFQ", "ULF", ...
     virtual QString filePath() const = 0;
 
     virtual void SaveFileAs(const QString& path) = 0;

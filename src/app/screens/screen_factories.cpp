@@ -4,14 +4,12 @@
 namespace norvo::gui {
 
 const std::map<std::string, ScreenFactory>& ScreenFactories() {
-    static const std::map<std::string, ScreenFactory> factories = {
-    };
+    static const std::map<std::string, ScreenFactory> factories = {};
     return factories;
 }
 
 const std::map<std::string, EditorFactory>& EditorFactories() {
-    static const std::map<std::string, EditorFactory> factories = {
-    };
+    static const std::map<std::string, EditorFactory> factories = {};
     return factories;
 }
 
