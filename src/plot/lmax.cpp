@@ -1,0 +1,97 @@
+#include "plot/lmax.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "numerics/checked.h"
+
+namespace norvo {
+namespace {
+
+struct Moments {
+    double mean = 0;
+    double sd = 0;
+};
+
+// Mean and standard deviation with n - 1 in the divisor, from the sums.
+Moments MeanAndSd(const std::vector<double>& v) {
+    const double n = static_cast<double>(v.size());
+    double sum = 0, sumSq = 0;
+    for (double x : v) {
+        sum += x;
+        sumSq += x * x;
+    }
+    Moments m;
+    m.mean = Div(sum, n);
+    // Equal values can leave a rounding residue just below 0.
+    m.sd = Sqrt(std::max(0.0, Div(sumSq - sum * sum / n, n - 1)));
+    return m;
+}
+
+}  // namespace
+
+std::vector<double> ExtremeLengths(const LfqData& data) {
+    std::vector<double> extremes;
+    for (int s = 0; s < data.noOfSamples; ++s) {
+        int lastClass = -1;
+        for (int c = 0; c < data.noOfClasses; ++c) {
+            if (data.freq.at(c).at(s) > 0) lastClass = c;
+        }
+        if (lastClass >= 0) extremes.push_back(data.midlength(lastClass));
+    }
+    std::sort(extremes.begin(), extremes.end());
+    return extremes;
+}
+
+double ReducedVariate(double probability) {
+    return -Ln(-Ln(probability));
+}
+
+double PredictionStandardError(const GumbelFitResult& fit, double y) {
+    const double k = Div(y - fit.meanY, fit.sdY);
+    return fit.sdX / Sqrt(fit.n) * Sqrt(1 + kGumbelSkewness * k + kGumbelKurtosisTerm * k * k);
+}
+
+GumbelFitResult GumbelFit(std::vector<double> extremes) {
+    if (extremes.size() < 2) throw std::invalid_argument("GumbelFit needs two extremes");
+    GumbelFitResult r;
+    std::sort(extremes.begin(), extremes.end());
+    r.extremes = std::move(extremes);
+    r.n = static_cast<int>(r.extremes.size());
+    for (int i = 1; i <= r.n; ++i) {
+        const double p = static_cast<double>(i) / (r.n + 1);
+        r.probabilities.push_back(p);
+        r.reduced.push_back(ReducedVariate(p));
+    }
+    const Moments y = MeanAndSd(r.reduced);
+    const Moments x = MeanAndSd(r.extremes);
+    r.meanY = y.mean;
+    r.sdY = y.sd;
+    r.meanX = x.mean;
+    r.sdX = x.sd;
+    r.beta = Div(r.sdX, r.sdY);
+    r.u = r.meanX - r.beta * r.meanY;
+    if (!(r.beta > 0)) return r;
+
+    const double yTarget = ReducedVariate(kLmaxTargetProbability);
+    r.predicted = r.u + r.beta * yTarget;
+    r.standardError = PredictionStandardError(r, yTarget);
+    r.lower = r.predicted - r.standardError;
+    r.upper = r.predicted + r.standardError;
+
+    // Lengths evenly spaced on the probability paper; each is taken back to its reduced
+    // variate and probability as a length would be.
+    const double yLow = ReducedVariate(kCurveLowProbability);
+    const double yHigh = ReducedVariate(kCurveHighProbability);
+    const double step = (yHigh - yLow) / (kMaxCurvePoints - 1);
+    for (int k = 0; k < kMaxCurvePoints; ++k) {
+        const double length = r.u + r.beta * (yLow + k * step);
+        const double yk = Div(length - r.u, r.beta);
+        const double se = PredictionStandardError(r, yk);
+        r.curve.push_back({Exp(-Exp(-yk)), length, length - se, length + se});
+    }
+    r.ok = true;
+    return r;
+}
+
+}  // namespace norvo
