@@ -39,6 +39,10 @@ class StoreError : public std::runtime_error {
 
 class DataStore;
 
+// Translates a statement of the system's dialect to SQLite: "[Name]" becomes a quoted name,
+// double-quoted text becomes a string literal, "DELETE * FROM" loses its star.
+std::string TranslateDialect(const std::string& statement);
+
 // A record set: the rows of one SELECT (or table), with a cursor. Changes are written through
 // at update(). Rows are held in memory; the files are small.
 class Records {
