@@ -220,7 +220,7 @@ void ReadLFQ(const std::string& path, Session& session, DialogService& dialogs) 
         session.lfqData = LfqData{};
         session.lfqData.path = path;
         session.fileReadFailed = true;
-        dialogs.notify({kCorruptedFileText, kInvalidDataTitle, Buttons::Ok, Icon::Warning});
+        dialogs.notify({kCorruptedOrWrongFormat, kInvalidDataTitle, Buttons::Ok, Icon::Warning});
     }
 }
 
@@ -264,7 +264,7 @@ LfqHeader ReadLfqHeader(const std::string& path, DialogService& dialogs) {
     } catch (const Fault&) {
         throw;
     } catch (const std::exception&) {
-        dialogs.notify({kCorruptedFileText, kInvalidDataTitle, Buttons::Ok, Icon::Warning});
+        dialogs.notify({kCorruptedOrWrongFormat, kInvalidDataTitle, Buttons::Ok, Icon::Warning});
         return LfqHeader{};
     }
     if (anyMeasure) {

@@ -12,6 +12,7 @@
 #include "app/session.h"
 #include "app/user_notice.h"
 #include "data/lfq_data.h"
+#include "data/store_routines.h"
 
 namespace norvo {
 
@@ -21,9 +22,6 @@ inline constexpr const char* kTableGroupedLf = "Grouped_LF";
 inline constexpr const char* kTableSampleLf = "Sample_LF";
 inline constexpr const char* kTableGlfMeasures = "GLF_Measures";
 
-inline constexpr const char* kInvalidDataTitle = "Invalid Data";
-inline constexpr const char* kCorruptedFileText =
-    "The file is corrupted or has the wrong data format. Please check and try again.";
 inline constexpr const char* kFileEmptyText = "File empty or corrupted. Please check your input";
 
 // Reads the whole file into session.lfqData. Clears session.fileReadFailed first; on any failure
