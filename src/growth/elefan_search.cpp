@@ -1,0 +1,496 @@
+#include "growth/elefan_search.h"
+
+#include <algorithm>
+#include <atomic>
+#include <exception>
+#include <limits>
+#include <thread>
+
+#include "numerics/basic.h"
+#include "numerics/fault.h"
+#include "numerics/format.h"
+
+namespace norvo {
+
+// ---- parallel scoring ----------------------------------------------------------------------
+
+namespace {
+
+// Below this many queries a batch is not worth a second thread.
+constexpr size_t kMinParallelBatch = 16;
+// Queries handed out to a thread at a time.
+constexpr size_t kChunk = 8;
+
+}  // namespace
+
+ParallelRn::ParallelRn(const RnScorer& scorer, int threads) : scorer_(scorer) {
+    const int n = std::max(1, threads);
+    for (int i = 0; i < n; ++i) workers_.push_back(scorer_.newWorker());
+}
+
+void ParallelRn::run(std::span<const RnQuery> queries, std::span<float> out) {
+    const size_t n = queries.size();
+    if (out.size() < n) throw SubscriptFault("ParallelRn::run");
+    const size_t threads = std::min(workers_.size(), std::max<size_t>(1, n / kMinParallelBatch));
+    if (threads <= 1) {
+        for (size_t i = 0; i < n; ++i) out[i] = workers_[0]->score(queries[i]);
+        return;
+    }
+    std::atomic<size_t> next{0};
+    // The first fault of each thread, by query index; the lowest one is raised, as one thread
+    // working in order would have met it first.
+    std::vector<size_t> faultAt(threads, std::numeric_limits<size_t>::max());
+    std::vector<std::exception_ptr> faults(threads);
+    auto work = [&](size_t w) {
+        for (;;) {
+            const size_t begin = next.fetch_add(kChunk);
+            if (begin >= n) return;
+            const size_t end = std::min(n, begin + kChunk);
+            for (size_t i = begin; i < end; ++i) {
+                if (i > faultAt[w]) return;
+                try {
+                    out[i] = workers_[w]->score(queries[i]);
+                } catch (...) {
+                    faultAt[w] = i;
+                    faults[w] = std::current_exception();
+                }
+            }
+        }
+    };
+    {
+        std::vector<std::jthread> pool;
+        for (size_t w = 1; w < threads; ++w) pool.emplace_back(work, w);
+        work(0);
+    }
+    size_t first = 0;
+    for (size_t w = 1; w < threads; ++w)
+        if (faultAt[w] < faultAt[first]) first = w;
+    if (faults[first]) std::rethrow_exception(faults[first]);
+}
+
+int DefaultSearchThreads() {
+    return std::max(1u, std::thread::hardware_concurrency());
+}
+
+void ThrowStuckLoop() {
+    ThrowOverflow();
+}
+
+// ---- K-scan --------------------------------------------------------------------------------
+
+std::optional<KScanResult> KScan(ParallelRn& rn, const KScanInput& in, SearchSink& sink) {
+    const RnLayout& lay = rn.layout();
+    KScanResult res;
+    RnQuery q{in.loo, 0, in.c, in.wp, in.ss, in.sl};
+    const float half = R4(lay.ci / 2.0);
+    float k = R4(0.001);
+    float step = R4(0.01);
+    int col = 1;
+    float best = -999;
+    float keptS = in.ss, keptL = in.sl;
+    std::vector<RnQuery> pairs;
+    std::vector<float> scores;
+    constexpr int kExpectedColumns = 190;
+    while (k < 10) {
+        if (sink.cancelled()) return std::nullopt;
+        k = R4(static_cast<double>(k) + step);
+        q.k = R4(Int(static_cast<double>(k) * 100) / 100);
+        if (!in.fixedStart) {
+            // Every starting point below Loo; the record holder over all K so far is kept.
+            pairs.clear();
+            for (int s = 1; s <= lay.nS; ++s) {
+                const float from = R4(static_cast<double>(lay.sampleFirstMid[s - 1]) - half);
+                const float to = R4(static_cast<double>(lay.sampleLastMid[s - 1]) + half);
+                ForSingle(from, to, half, [&](float L) {
+                    if (L < q.loo) {
+                        RnQuery p = q;
+                        p.ss = static_cast<float>(s);
+                        p.sl = L;
+                        pairs.push_back(p);
+                    }
+                });
+            }
+            scores.resize(pairs.size());
+            rn.run(pairs, scores);
+            for (size_t i = 0; i < pairs.size(); ++i) {
+                if (scores[i] > best) {
+                    best = scores[i];
+                    keptS = pairs[i].ss;
+                    keptL = pairs[i].sl;
+                }
+            }
+            q.ss = keptS;
+            q.sl = keptL;
+        }
+        const float r = rn.one(q);
+        if (col >= kKScanColumns) throw SubscriptFault("KScan");
+        res.table[1][col] = r;
+        res.table[2][col] = q.k;
+        res.table[3][col] = q.ss;
+        res.table[4][col] = q.sl;
+        sink.kscanColumn(col, q.k, r);
+        sink.progress(col, kExpectedColumns);
+        ++col;
+        if (k >= 1) step = R4(0.1);
+    }
+    res.columns = col - 1;
+    const int b = KScanBestColumn(res.table);
+    res.best.column = b;
+    res.best.params = {in.loo, res.table[2][b], in.c, in.wp, res.table[3][b], res.table[4][b]};
+    res.best.rn = res.table[1][b];
+    res.state = res.best.params;
+    return res;
+}
+
+int KScanBestColumn(const KScanTable& table) {
+    float best = -99;
+    int col = 0;
+    for (int c = 1; c < kKScanColumns; ++c) {
+        if (table[1][c] > best) {
+            best = table[1][c];
+            col = c;
+        }
+    }
+    return col;
+}
+
+ElefanBest KScanSmooth(KScanTable& t, int w, float loo, float c, float wp) {
+    if (w < 1) throw SubscriptFault("KScanSmooth");
+    const double h = (w - 1) / 2.0;
+    auto row1 = [&](int j) -> double {
+        if (j < 0 || j >= kKScanColumns) throw SubscriptFault("KScanSmooth");
+        return t[1][j];
+    };
+    auto mean = [&](int from, int to) {
+        double sum = 0;
+        for (int j = from; j <= to; ++j) sum += row1(j);
+        return R4(sum / w);
+    };
+    auto set3 = [&](int i, float v) {
+        if (i < 0 || i >= kKScanColumns) throw SubscriptFault("KScanSmooth");
+        t[3][i] = v;
+    };
+    const int len = kKScanSmoothLength;
+    for (int i = 1; i <= len; ++i) t[3][i] = 0;
+    for (int i = 1; i <= static_cast<int>(Int(h)); ++i) set3(i, mean(1, CInt(h + i)));
+    for (int i = CInt(h + 1); i <= CInt(len - h); ++i)
+        set3(i, mean(CInt(i - h), static_cast<int>(Int(i + h))));
+    for (int i = CInt(Int(len - h) + 1); i <= len; ++i) set3(i, mean(CInt(i - h), len));
+
+    // The smoothed score of a column is compared with the raw score of the last one chosen.
+    float best = -99;
+    int col = 0;
+    for (int j = 1; j < kKScanColumns; ++j) {
+        if (t[3][j] > best) {
+            best = t[1][j];
+            col = j;
+        }
+    }
+    ElefanBest b;
+    b.column = col;
+    b.params = {loo, t[2][col], c, wp, t[3][col], t[4][col]};
+    b.rn = t[1][col];
+    return b;
+}
+
+// ---- response surface ----------------------------------------------------------------------
+
+Rgb BandColour(SurfaceBand band) {
+    switch (band) {
+        case SurfaceBand::Cyan:
+            return {0x80, 0xFF, 0xFF};
+        case SurfaceBand::Green:
+            return {0x80, 0xFF, 0x80};
+        case SurfaceBand::Yellow:
+            return {0xFF, 0xFF, 0x00};
+        case SurfaceBand::Orange:
+            return {0xFF, 0x80, 0x00};
+        case SurfaceBand::Red:
+            break;
+    }
+    return {0xFF, 0x00, 0x00};
+}
+
+SurfaceBand SurfaceBandOf(float r, float min, float max) {
+    const double range = static_cast<double>(max) - min;
+    if (range <= 0) return SurfaceBand::Red;
+    const double f = (static_cast<double>(r) - min) / range;
+    if (f >= 0 && f <= 0.2) return SurfaceBand::Cyan;
+    if (f >= 0.2 && f <= 0.4) return SurfaceBand::Green;
+    if (f >= 0.4 && f <= 0.6) return SurfaceBand::Yellow;
+    if (f >= 0.6 && f <= 0.8) return SurfaceBand::Orange;
+    return SurfaceBand::Red;
+}
+
+bool CheckSurfaceInput(const SurfaceInput& in, DialogService& dialogs) {
+    auto refuse = [&](const char* text, const char* title) {
+        dialogs.notify({text, title, Buttons::Ok, Icon::Warning});
+        return false;
+    };
+    if (in.ss == 0 || in.sl == 0) return refuse(kMsgNoStartingPoint, kTitleInvalidAction);
+    if (in.looFrom <= in.sl) return refuse(kMsgStartAboveLooRange, kTitleInvalidInput);
+    if (in.looFrom == in.looTo) return refuse(kMsgLooFixed, kTitleInvalidInput);
+    return true;
+}
+
+std::optional<SurfaceResult> ResponseSurface(ParallelRn& rn, const SurfaceInput& in,
+                                             const RnQuery& previous, SearchSink& sink) {
+    SurfaceResult res;
+    RnQuery q = previous;
+    q.ss = in.ss;
+    q.sl = in.sl;
+    const float kStep = R4((static_cast<double>(in.kTo) - in.kFrom) / 20);
+    const float looStep = R4((static_cast<double>(in.looTo) - in.looFrom) / 20);
+    if (sink.cancelled()) return std::nullopt;
+
+    // First pass: min and max, with the C and WP of the previous run.
+    std::vector<RnQuery> queries;
+    auto looPass = [&](float k) {
+        ForSingle(in.looFrom, in.looTo, looStep, [&](float loo) {
+            RnQuery p = q;
+            p.k = k;
+            p.loo = loo;
+            queries.push_back(p);
+        });
+    };
+    if (in.kFrom == in.kTo) {
+        looPass(q.k);
+    } else {
+        ForSingle(in.kFrom, in.kTo, kStep, looPass);
+    }
+    std::vector<float> scores(queries.size());
+    rn.run(queries, scores);
+    for (float r : scores) {
+        if (r > res.max) res.max = r;
+        res.min = std::min(res.min, r);
+    }
+    sink.progress(1, 2);
+    if (sink.cancelled()) return std::nullopt;
+
+    for (int i = 0; i < kSurfaceSize; ++i) {
+        res.kHeadings[i] = in.kFrom + i * (static_cast<double>(in.kTo) - in.kFrom) / 20;
+        res.looHeadings[i] = in.looFrom + i * (static_cast<double>(in.looTo) - in.looFrom) / 20;
+    }
+
+    // Second pass: column by column, Loo and K accumulated in 32 bits from their From values.
+    queries.clear();
+    float loo = in.looFrom;
+    for (int j = 0; j < kSurfaceSize; ++j) {
+        float k = in.kFrom;
+        for (int i = 0; i < kSurfaceSize; ++i) {
+            queries.push_back({loo, k, in.c, in.wp, in.ss, in.sl});
+            if (i + 1 < kSurfaceSize) k = R4(static_cast<double>(k) + kStep);
+        }
+        if (j + 1 < kSurfaceSize) loo = R4(static_cast<double>(loo) + looStep);
+    }
+    scores.assign(queries.size(), 0);
+    rn.run(queries, scores);
+    for (int j = 0; j < kSurfaceSize; ++j)
+        for (int i = 0; i < kSurfaceSize; ++i) res.grid[i][j] = scores[j * kSurfaceSize + i];
+    res.state = queries.back();
+    sink.progress(2, 2);
+    return res;
+}
+
+std::optional<FineSurface> ComputeFineSurface(ParallelRn& rn, const SurfaceInput& in, int n,
+                                              SearchSink& sink) {
+    if (n < 2) throw SubscriptFault("ComputeFineSurface");
+    FineSurface fs;
+    fs.n = n;
+    for (int i = 0; i < n; ++i) {
+        fs.k.push_back(R4(in.kFrom + i * (static_cast<double>(in.kTo) - in.kFrom) / (n - 1)));
+        fs.loo.push_back(
+            R4(in.looFrom + i * (static_cast<double>(in.looTo) - in.looFrom) / (n - 1)));
+    }
+    fs.grid.assign(static_cast<size_t>(n) * n, 0);
+    std::vector<RnQuery> row(n);
+    for (int i = 0; i < n; ++i) {
+        if (sink.cancelled()) return std::nullopt;
+        for (int j = 0; j < n; ++j) row[j] = {fs.loo[j], fs.k[i], in.c, in.wp, in.ss, in.sl};
+        rn.run(row, std::span<float>(fs.grid).subspan(static_cast<size_t>(i) * n, n));
+        sink.progress(i + 1, n);
+    }
+    fs.min = *std::min_element(fs.grid.begin(), fs.grid.end());
+    fs.max = *std::max_element(fs.grid.begin(), fs.grid.end());
+    return fs;
+}
+
+// ---- automatic search ----------------------------------------------------------------------
+
+bool CheckSearchSeeds(const AutoSearchInput& in, const RnLayout& layout, DialogService& dialogs) {
+    auto refuse = [&](const char* text) {
+        dialogs.notify({text, kTitleInvalidData, Buttons::Ok, Icon::Warning});
+        return false;
+    };
+    if (in.loo <= layout.firstMid) return refuse(kMsgCheckLoo);
+    // Compared as double, so a seed of 0.01 (a little below in 32 bits) is refused.
+    if (static_cast<double>(in.k) <= 0.01 || in.k > 10) return refuse(kMsgCheckK);
+    if (in.c < 0 || in.c > 1) return refuse(kMsgCheckC);
+    if (in.wp < 0 || in.wp > 1) return refuse(kMsgCheckWP);
+    return true;
+}
+
+namespace {
+
+// The queries of one ComputeRn_Search call, appended to `out`; `last` gets the last pair tried
+// (left as it is when no pair is tried).
+void AppendSearchQueries(const RnQuery& q, const AutoSearchInput& in, const RnLayout& lay,
+                         std::vector<RnQuery>& out, RnQuery& last) {
+    last = q;
+    if (in.constantStart) {
+        last.ss = in.sSample;
+        last.sl = in.sLength;
+        out.push_back(last);
+        return;
+    }
+    const float half = R4(lay.ci / 2.0);
+    const float to = R4(static_cast<double>(lay.lastMid) + half);
+    for (int s = 1; s <= lay.nS; ++s) {
+        ForSingle(lay.firstMid, to, half, [&](float L) {
+            if (q.loo > L) {
+                last.ss = static_cast<float>(s);
+                last.sl = L;
+                out.push_back(last);
+            }
+        });
+    }
+}
+
+// The score of a ComputeRn_Search call from its queries' scores.
+float ReduceSearchScores(const AutoSearchInput& in, std::span<const float> scores) {
+    if (in.constantStart) return scores.empty() ? 0 : scores[0];
+    float best = 0;
+    for (float r : scores)
+        if (r > best) best = r;
+    return best;
+}
+
+}  // namespace
+
+float ComputeRnSearch(ParallelRn& rn, RnQuery& q, const AutoSearchInput& in) {
+    std::vector<RnQuery> queries;
+    RnQuery last;
+    AppendSearchQueries(q, in, rn.layout(), queries, last);
+    std::vector<float> scores(queries.size());
+    rn.run(queries, scores);
+    q.ss = last.ss;
+    q.sl = last.sl;
+    return ReduceSearchScores(in, scores);
+}
+
+std::optional<AutoSearchResult> AutoSearch(ParallelRn& rn, const AutoSearchInput& in,
+                                           const RnQuery& previous, SearchSink& sink,
+                                           DialogService& dialogs) {
+    const RnLayout& lay = rn.layout();
+    AutoSearchResult res;
+    RnQuery q = previous;
+    q.loo = in.loo;
+    q.k = in.k;
+    q.c = in.c;
+    q.wp = in.wp;
+    auto display = [&](float score) {
+        res.rows.push_back({static_cast<int>(res.rows.size()) + 1, q, score});
+        sink.searchRow(res.rows.back().row);
+    };
+    if (sink.cancelled()) return std::nullopt;
+    float best = ComputeRnSearch(rn, q, in);
+    display(best);
+
+    const double looFloor = static_cast<double>(lay.ci) + lay.firstMid;
+    std::vector<RnQuery> queries;
+    std::vector<float> scores;
+    int n = 1;
+    while (n < 7) {
+        if (sink.cancelled()) return std::nullopt;
+        sink.searchPass(n);
+        const RnQuery base = q;
+        // The eight trials, each standing on the ones before it.
+        std::array<RnQuery, 8> trial;
+        RnQuery t = q;
+        t.loo = R4(base.loo + n * static_cast<double>(in.looStep));
+        if (looFloor > t.loo) t.loo = R4(looFloor);
+        trial[0] = t;
+        t.loo = R4(base.loo - n * static_cast<double>(in.looStep));
+        if (looFloor > t.loo) t.loo = R4(looFloor);
+        trial[1] = t;
+        t.k = R4(base.k + n * static_cast<double>(in.kStep));
+        if (t.k > 10) t.k = 10;
+        trial[2] = t;
+        t.k = R4(base.k - n * static_cast<double>(in.kStep));
+        if (static_cast<double>(t.k) < 0.01) t.k = R4(0.01);
+        trial[3] = t;
+        t.c = R4(base.c + n * static_cast<double>(in.cStep));
+        if (t.c > 1) t.c = 1;
+        trial[4] = t;
+        t.c = R4(base.c - n * static_cast<double>(in.cStep));
+        if (t.c < 0) t.c = 0;
+        trial[5] = t;
+        t.wp = R4(base.wp + n * static_cast<double>(in.wpStep));
+        if (t.wp > 1) t.wp = 1;
+        trial[6] = t;
+        t.wp = R4(base.wp - n * static_cast<double>(in.wpStep));
+        if (t.wp < 0) t.wp = 0;
+        trial[7] = t;
+
+        // All queries of the eight trials go in one batch.
+        queries.clear();
+        std::array<size_t, 9> start{};
+        RnQuery last = q;
+        for (int i = 0; i < 8; ++i) {
+            start[i] = queries.size();
+            RnQuery tried = trial[i];
+            tried.ss = last.ss;
+            tried.sl = last.sl;
+            AppendSearchQueries(tried, in, lay, queries, last);
+        }
+        start[8] = queries.size();
+        scores.assign(queries.size(), 0);
+        rn.run(queries, scores);
+        std::array<float, 8> score{};
+        for (int i = 0; i < 8; ++i)
+            score[i] = ReduceSearchScores(
+                in, std::span<const float>(scores).subspan(start[i], start[i + 1] - start[i]));
+
+        q = base;
+        q.ss = last.ss;
+        q.sl = last.sl;
+        for (int i = 0; i < 8; ++i) {
+            bool wins = score[i] > best;
+            for (int j = 0; j < 8 && wins; ++j)
+                if (j != i && !(score[i] > score[j])) wins = false;
+            if (!wins) continue;
+            const double sign = (i % 2 == 0) ? 1.0 : -1.0;
+            switch (i / 2) {
+                case 0:
+                    q.loo = R4(base.loo + sign * n * in.looStep);
+                    break;
+                case 1:
+                    q.k = R4(base.k + sign * n * in.kStep);
+                    break;
+                case 2:
+                    q.c = R4(base.c + sign * n * in.cStep);
+                    break;
+                default:
+                    q.wp = R4(base.wp + sign * n * in.wpStep);
+                    break;
+            }
+            display(score[i]);
+            n = 0;
+            best = score[i];
+        }
+        ++n;
+    }
+    res.state = q;
+    sink.progress(1, 1);
+    dialogs.notify({kMsgSearchCompleted, kTitleNote, Buttons::Ok, Icon::Information});
+    return res;
+}
+
+std::array<std::string, 8> SearchRowTexts(const SearchRow& row) {
+    return {std::to_string(row.row),       Format(row.params.loo, "0.00"),
+            Format(row.params.k, "0.00"),  Format(row.params.c, "0.00"),
+            Format(row.params.wp, "0.00"), Format(row.params.ss, "0"),
+            Format(row.params.sl, "0.00"), Format(row.rn, "0.000")};
+}
+
+}  // namespace norvo
