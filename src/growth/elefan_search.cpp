@@ -195,20 +195,20 @@ ElefanBest KScanSmooth(KScanTable& t, int w, float loo, float c, float wp) {
 
 // ---- response surface ----------------------------------------------------------------------
 
-Rgb BandColour(SurfaceBand band) {
+Colour BandColour(SurfaceBand band) {
     switch (band) {
         case SurfaceBand::Cyan:
-            return {0x80, 0xFF, 0xFF};
+            return 0x80FFFF;
         case SurfaceBand::Green:
-            return {0x80, 0xFF, 0x80};
+            return 0x80FF80;
         case SurfaceBand::Yellow:
-            return {0xFF, 0xFF, 0x00};
+            return 0xFFFF00;
         case SurfaceBand::Orange:
-            return {0xFF, 0x80, 0x00};
+            return 0xFF8000;
         case SurfaceBand::Red:
             break;
     }
-    return {0xFF, 0x00, 0x00};
+    return 0xFF0000;
 }
 
 SurfaceBand SurfaceBandOf(float r, float min, float max) {

@@ -14,6 +14,7 @@
 
 #include "app/user_notice.h"
 #include "numerics/checked.h"
+#include "plot/chart_canvas.h"
 
 namespace norvo {
 
@@ -171,10 +172,8 @@ ElefanBest KScanSmooth(KScanTable& table, int w, float loo, float c, float wp);
 inline constexpr int kSurfaceSize = 21;
 
 enum class SurfaceBand { Cyan, Green, Yellow, Orange, Red };
-struct Rgb {
-    uint8_t r, g, b;
-};
-Rgb BandColour(SurfaceBand band);
+// The band's back colour, 0xRRGGBB.
+Colour BandColour(SurfaceBand band);
 // The band of a score between min and max, both ends of each band included, the lower first.
 SurfaceBand SurfaceBandOf(float r, float min, float max);
 

@@ -214,10 +214,8 @@ TEST(SurfaceBands, BothEndsIncludedLowerFirst) {
     EXPECT_EQ(SurfaceBandOf(2.0f, 0, 5), SurfaceBand::Green);
     EXPECT_EQ(SurfaceBandOf(0.5f, 0.5f, 0.5f), SurfaceBand::Red);
     EXPECT_EQ(SurfaceBandOf(0.5f, 9999, 0), SurfaceBand::Red);
-    const Rgb orange = BandColour(SurfaceBand::Orange);
-    EXPECT_EQ(orange.r, 0xFF);
-    EXPECT_EQ(orange.g, 0x80);
-    EXPECT_EQ(orange.b, 0x00);
+    EXPECT_EQ(BandColour(SurfaceBand::Cyan), 0x80FFFFu);
+    EXPECT_EQ(BandColour(SurfaceBand::Orange), 0xFF8000u);
 }
 
 TEST(ResponseSurface, FixedKUsesThePreviousRunInTheFirstPass) {
