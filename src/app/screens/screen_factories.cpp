@@ -1,5 +1,6 @@
 // The table of screens and editors the shell can open. Each screen adds its line here.
 #include "app/screens/shell_context.h"
+#include "data/screens/frm_lfq.h"
 
 namespace norvo::gui {
 
@@ -9,7 +10,10 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
 }
 
 const std::map<std::string, EditorFactory>& EditorFactories() {
-    static const std::map<std::string, EditorFactory> factories = {};
+    static const std::map<std::string, EditorFactory> factories = {
+        {"LFQ",
+         [](ShellContext& ctx, QWidget* parent) -> DataEditor* { return new FrmLfq(ctx, parent); }},
+    };
     return factories;
 }
 
