@@ -4,3 +4,18 @@ add_custom_target(norvo_help ALL
   COMMENT "Copying help pages")
 # Everything the program needs beside it at run time.
 add_custom_target(norvo_runtime_files ALL DEPENDS norvo_help)
+include(${PROJECT_SOURCE_DIR}/cmake/Templates.cmake)
+add_dependencies(norvo_runtime_files norvo_templates)
+# The bundled sample data (Data/Simull01.LFQ, Data/Simull02.LFQ), simulated from the defaults.
+add_executable(norvo_make_sample_data ${PROJECT_SOURCE_DIR}/src/stock/tools/make_sample_data.cpp)
+target_link_libraries(norvo_make_sample_data PRIVATE norvo_core)
+set_target_properties(norvo_make_sample_data PROPERTIES
+  RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tools AUTOMOC OFF)
+add_custom_command(
+  OUTPUT ${NORVO_OUTPUT_DIR}/Data/Simull01.LFQ ${NORVO_OUTPUT_DIR}/Data/Simull02.LFQ
+  COMMAND norvo_make_sample_data ${NORVO_OUTPUT_DIR}
+  DEPENDS norvo_make_sample_data norvo_templates
+  COMMENT "Simulating the sample data files")
+add_custom_target(norvo_sample_data ALL
+  DEPENDS ${NORVO_OUTPUT_DIR}/Data/Simull01.LFQ ${NORVO_OUTPUT_DIR}/Data/Simull02.LFQ)
+add_dependencies(norvo_runtime_files norvo_sample_data)

@@ -254,9 +254,15 @@ std::string UnquoteName(const std::string& s) {
     return s;
 }
 
+// True when the text begins with the word (not merely with its letters, as "Selection" does).
 bool StartsWithWord(const std::string& s, std::string_view word) {
     const std::string t = Trim(s);
-    return t.size() >= word.size() && SameName(std::string_view(t).substr(0, word.size()), word);
+    if (t.size() < word.size() || !SameName(std::string_view(t).substr(0, word.size()), word)) {
+        return false;
+    }
+    if (t.size() == word.size()) return true;
+    const unsigned char next = static_cast<unsigned char>(t[word.size()]);
+    return !std::isalnum(next) && next != '_' && next != '-';
 }
 
 // The tables a store of this kind may hold: its own, or any kind's when the kind is unknown.
@@ -280,7 +286,11 @@ void Configure(Connection& c) {
     // Double quotes are names only, so a misspelt name fails instead of reading as text.
     sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
-    for (const char* pragma : {"PRAGMA trusted_schema=OFF", "PRAGMA cell_size_check=ON"}) {
+    // Commits are not flushed to disk one by one: a record-by-record writer would take seconds
+    // for a few hundred rows. The journal still makes each write all or nothing should the
+    // process die; the atomic saves flush their work copy once before it replaces the file.
+    for (const char* pragma :
+         {"PRAGMA trusted_schema=OFF", "PRAGMA cell_size_check=ON", "PRAGMA synchronous=OFF"}) {
         if (sqlite3_exec(db, pragma, nullptr, nullptr, nullptr) != SQLITE_OK) {
             c.fail("Cannot configure the store");
         }
