@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "numerics/checked.h"
+#include "numerics/validators.h"
 
 namespace norvo {
 namespace {
@@ -43,7 +44,7 @@ std::optional<double> Bisect(const AultEhrhardtInput& in, double a, double b) {
 CalcStatus CheckAultEhrhardtInput(const AultEhrhardtInput& in) {
     CalcStatus s = CheckMeanLengthInput(in.common);
     if (!s.ok) return s;
-    if (!InLimits(in.lmax, 0.25f, 9999.0f) || in.lmax > in.common.loo) {
+    if (!InRange(in.lmax, 0.25f, 9999.0f) || in.lmax > in.common.loo) {
         return CalcStatus::Refused(kInvalidInputTitle, kLmaxLimitMessage);
     }
     return {};

@@ -1,20 +1,21 @@
 #include "mortality/bh_mortality.h"
 
 #include "numerics/checked.h"
+#include "numerics/validators.h"
 
 namespace norvo {
 
 CalcStatus CheckMeanLengthInput(const MeanLengthInput& in) {
-    if (!InLimits(in.loo, 0.25f, 9999.0f)) {
+    if (!InRange(in.loo, 0.25f, 9999.0f)) {
         return CalcStatus::Refused(kInvalidInputTitle, kLooLimitMessage);
     }
-    if (!InLimits(in.k, 0.01f, 10.0f)) {
+    if (!InRange(in.k, 0.01f, 10.0f)) {
         return CalcStatus::Refused(kInvalidInputTitle, kKLimitMessage);
     }
-    if (!InLimits(in.lmean, 0.25f, 9999.0f) || in.lmean > in.loo) {
+    if (!InRange(in.lmean, 0.25f, 9999.0f) || in.lmean > in.loo) {
         return CalcStatus::Refused(kInvalidInputTitle, kLmeanLimitMessage);
     }
-    if (!InLimits(in.lc, 0.25f, 9999.0f) || in.lc > in.lmean) {
+    if (!InRange(in.lc, 0.25f, 9999.0f) || in.lc > in.lmean) {
         return CalcStatus::Refused(kInvalidInputTitle, kLcLimitMessage);
     }
     return {};

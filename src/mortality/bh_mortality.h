@@ -23,6 +23,9 @@ inline constexpr const char* kCutOffLengthCaption = "Cut-off length (L'):";
 inline constexpr const char* kComputedZCaption = "Computed total mortality (Z):";
 inline constexpr const char* kPerYear = "/year";
 
+// Z as shown on the mean-length screens.
+inline constexpr const char* kZFormat = "#0.000";
+
 struct MeanLengthInput {
     float loo = 0;
     float k = 0;

@@ -15,10 +15,4 @@ struct CalcStatus {
     }
 };
 
-// Inclusive range test on the 32-bit values the user typed: the limits are taken to 32 bits as
-// well, so that a typed limit (0.01, 10) always passes.
-inline bool InLimits(float x, float low, float high) {
-    return low <= x && x <= high;
-}
-
 }  // namespace norvo

@@ -19,6 +19,9 @@ inline constexpr const char* kHoenigModel1Caption = "Model 1";
 inline constexpr const char* kHoenigModel2Caption = "Model 2";
 inline constexpr const char* kHoenigSeCaption = "s.e.(Z):";
 
+// Each Z and s.e. as shown.
+inline constexpr const char* kHoenigFormat = "0.000";
+
 // Model 1: ln Z = 1.44 - 0.984 ln tmax.
 inline constexpr double kHoenigIntercept = 1.44;
 inline constexpr double kHoenigSlope = 0.984;

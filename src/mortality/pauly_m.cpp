@@ -1,6 +1,7 @@
 #include "mortality/pauly_m.h"
 
 #include "numerics/checked.h"
+#include "numerics/validators.h"
 
 namespace norvo {
 
@@ -11,11 +12,11 @@ double PaulyTemperature(float t) {
 
 PaulyResult ComputePaulyM(const PaulyInput& in) {
     PaulyResult r;
-    if (!InLimits(in.k, 0.01f, 10.0f)) {
+    if (!InRange(in.k, 0.01f, 10.0f)) {
         r.status = CalcStatus::Refused(kPaulyInvalidTitle, kPaulyKMessage);
         return r;
     }
-    if (!InLimits(in.t, -2.0f, 31.0f)) {
+    if (!InRange(in.t, -2.0f, 31.0f)) {
         r.status = CalcStatus::Refused(kPaulyInvalidTitle, kPaulyTMessage);
         return r;
     }
@@ -24,13 +25,13 @@ PaulyResult ComputePaulyM(const PaulyInput& in) {
     // The length form takes the natural-log constants and the wide gram limits; the weight
     // form the base-10 constants and the centimetre limits. The pairing is intended.
     if (in.form == PaulyForm::Weight) {
-        if (!InLimits(in.size, 0.5f, 999999.0f)) {
+        if (!InRange(in.size, 0.5f, 999999.0f)) {
             r.status = CalcStatus::Refused(kPaulyInvalidTitle, kPaulyCmSizeMessage);
             return r;
         }
         r.m = Pow(10.0, -0.2107 - 0.0824 * Log10(s) + 0.6757 * Log10(k) + 0.4687 * Log10(t));
     } else {
-        if (!InLimits(in.size, 1e-5f, 999999999.0f)) {
+        if (!InRange(in.size, 1e-5f, 999999999.0f)) {
             r.status = CalcStatus::Refused(kPaulyInvalidTitle, kPaulyGramSizeMessage);
             return r;
         }

@@ -32,6 +32,8 @@ inline constexpr const char* kPaulyCmSizeMessage =
 inline constexpr const char* kPaulyGramSizeMessage =
     "The Loo input exceeds limit (1E-4 to 1E+9 g). Please correct input.";
 
+inline constexpr const char* kPaulyMFormat = "#0.000";
+
 // Temperatures at or below this are replaced by exp(2.4629 - 0.3042 T).
 inline constexpr float kPaulyColdLimit = 3.5f;
 

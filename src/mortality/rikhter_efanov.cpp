@@ -1,12 +1,13 @@
 #include "mortality/rikhter_efanov.h"
 
 #include "numerics/checked.h"
+#include "numerics/validators.h"
 
 namespace norvo {
 
 RikhterEfanovResult ComputeRikhterEfanov(const RikhterEfanovInput& in) {
     RikhterEfanovResult r;
-    if (!InLimits(in.tm, 0.10f, 22.0f)) {
+    if (!InRange(in.tm, 0.10f, 22.0f)) {
         r.status = CalcStatus::Refused(kRikhterInvalidTitle, kRikhterLimitMessage);
         return r;
     }

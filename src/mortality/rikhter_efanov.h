@@ -8,6 +8,8 @@ inline constexpr const char* kRikhterInvalidTitle = "Invalid Data";
 inline constexpr const char* kRikhterLimitMessage =
     "Input exceeds limit (0.10 - 22 years) only. Please check entry.";
 
+inline constexpr const char* kRikhterMFormat = "#0.000";
+
 struct RikhterEfanovInput {
     float tm = 0;  // age at first maturity, years
 };

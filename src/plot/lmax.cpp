@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "numerics/basic.h"
 #include "numerics/checked.h"
+#include "numerics/format.h"
+#include "plot/kind_a.h"
 
 namespace norvo {
 namespace {
@@ -92,6 +95,61 @@ GumbelFitResult GumbelFit(std::vector<double> extremes) {
     }
     r.ok = true;
     return r;
+}
+
+double ProbabilityAxisX(double reducedVariate) {
+    const double low = ReducedVariate(kCurveLowProbability);
+    const double high = ReducedVariate(kCurveHighProbability);
+    return kFrameLeft + (reducedVariate - low) / (high - low) * (kFrameRight - kFrameLeft);
+}
+
+void GraphResults(ChartCanvas& canvas, const GumbelFitResult& fit, const std::string& unit) {
+    BeginPercentCanvas(canvas);
+    DrawPercentFrame(canvas, kFrameTop);
+
+    // The length axis runs from the whole part of the smallest value drawn to the whole part of
+    // the largest plus 1, in five steps.
+    double smallest = fit.extremes.front(), largest = fit.extremes.back();
+    for (const auto& p : fit.curve) {
+        smallest = std::min(smallest, p.lower);
+        largest = std::max(largest, p.upper);
+    }
+    const double bottom = Int(smallest);
+    const double top = TopWholePlusOne(largest);
+    const double scale = PercentScaleY(top - bottom, kFrameTop);
+    const auto yOf = [&](double length) { return PercentY(length - bottom, scale); };
+    for (double t : FixedStepTicks(top - bottom)) {
+        DrawYTick(canvas, yOf(bottom + t));
+        DrawYLabel(canvas, yOf(bottom + t), Format(bottom + t, "0.0"));
+    }
+    for (const auto& tick : kProbabilityTicks) {
+        const double x = ProbabilityAxisX(ReducedVariate(tick.probability));
+        DrawXTick(canvas, x);
+        DrawXLabel(canvas, x, tick.label);
+    }
+    DrawXTitle(canvas, kCumulativeProbabilityAxis);
+    DrawYTitle(canvas, "Extreme lengths (" + unit + ")");
+
+    if (!fit.curve.empty()) {
+        std::vector<UserPoint> predicted, lower, upper;
+        for (const auto& p : fit.curve) {
+            const double x = ProbabilityAxisX(ReducedVariate(p.probability));
+            predicted.push_back({x, yOf(p.predicted)});
+            lower.push_back({x, yOf(p.lower)});
+            upper.push_back({x, yOf(p.upper)});
+        }
+        canvas.SetPen(PenStyle::Dashed, 1);
+        canvas.Polyline(lower, kBlack);
+        canvas.Polyline(upper, kBlack);
+        canvas.SetPen(PenStyle::Solid, 2);
+        canvas.Polyline(predicted, kRed);
+        canvas.SetPen(PenStyle::Solid, 1);
+    }
+    canvas.SetFill(kRed, FillStyle::Solid);
+    for (int i = 0; i < fit.n; ++i) {
+        canvas.Circle(ProbabilityAxisX(fit.reduced[i]), yOf(fit.extremes[i]), 0.8, kBlack);
+    }
+    canvas.SetFill(kWhite, FillStyle::Transparent);
 }
 
 }  // namespace norvo

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "data/lfq_data.h"
+#include "plot/chart_canvas.h"
 
 namespace norvo {
 
@@ -29,6 +30,9 @@ inline constexpr const char* kLowerLimitColumn = "Lower Limit";
 inline constexpr const char* kUpperLimitColumn = "Upper Limit";
 inline constexpr const char* kCumulativeProbabilityAxis = "Cumulative probability";
 inline constexpr const char* kLmaxValueFormat = "#,##0.00";
+// A limit reads: value, " ", unit, " - ", and which limit it is.
+inline constexpr const char* kLowerLimitText = "lower limit";
+inline constexpr const char* kUpperLimitText = "upper limit";
 
 // The predicted maximum length is the length whose cumulative probability among sample
 // maxima is this: exceeded by the largest fish of only one sample in a hundred.
@@ -85,5 +89,13 @@ double PredictionStandardError(const GumbelFitResult& fit, double y);
 // Moment fit of the Gumbel distribution to n >= 2 extremes (sorted here), with the predicted
 // maximum length, its limits and the curve. Fewer than two extremes is a caller's error.
 GumbelFitResult GumbelFit(std::vector<double> extremes);
+
+// Where a reduced variate falls on the probability axis of the plot (x from 20 to 95 over the
+// range .001 to .999).
+double ProbabilityAxisX(double reducedVariate);
+
+// The plot: extremes at their plotting positions, the predicted line and its limits, on a
+// percentage canvas with the probability axis below and the lengths at the left.
+void GraphResults(ChartCanvas& canvas, const GumbelFitResult& fit, const std::string& unit);
 
 }  // namespace norvo
