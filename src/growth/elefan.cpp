@@ -1,0 +1,343 @@
+#include "growth/elefan.h"
+
+#include <charconv>
+#include <cmath>
+#include <string>
+
+#include "numerics/basic.h"
+#include "numerics/checked.h"
+#include "numerics/fault.h"
+#include "numerics/format.h"
+
+namespace norvo {
+namespace {
+
+// Neighbour positions j-2, j-1, j+1, j+2 of position j in a compact row of n cells, those out of
+// range redirected to cell 0.
+struct Neighbours {
+    int m2, m1, p1, p2;
+};
+
+Neighbours NeighboursOf(int j, int n) {
+    Neighbours nb{j - 2, j - 1, j + 1, j + 2};
+    if (nb.m2 < 0) nb.m2 = 0;
+    if (nb.p1 > n) {
+        nb.p1 = 0;
+        nb.p2 = 0;
+    } else if (nb.p2 > n) {
+        nb.p2 = 0;
+    }
+    return nb;
+}
+
+// Steps 2 to 7 on one compact row a[0..n] (a[0] = 0 on entry); returns the row's peak sum.
+float RestructureRow(std::vector<float>& a, int n) {
+    // Ratio of each cell to the moving average of five, always divided by 5.
+    std::vector<float> ratio(static_cast<size_t>(n) + 1, 0.0f);
+    for (int j = 1; j <= n; ++j) {
+        const Neighbours nb = NeighboursOf(j, n);
+        const double m =
+            (static_cast<double>(a[nb.m2]) + a[nb.m1] + a[j] + a[nb.p1] + a[nb.p2]) / 5;
+        ratio[j] = m != 0 ? R4(a[j] / m) : 0.0f;
+    }
+    double sum = 0;
+    for (int j = 1; j <= n; ++j) sum += ratio[j];
+    const double r = sum / n;
+    if (r != 0) {
+        for (int j = 0; j <= n; ++j) a[j] = R4(ratio[j] / r - 1.0);
+    }
+    // Lone peaks: halved for each empty neighbour (out-of-range neighbours count as empty).
+    for (int j = 1; j <= n; ++j) {
+        if (a[j] < 0) continue;
+        const Neighbours nb = NeighboursOf(j, n);
+        a[0] = -1;
+        int count = 0;
+        for (int i : {nb.m1, nb.m2, nb.p1, nb.p2}) {
+            if (a[i] <= -1) ++count;
+        }
+        a[j] = R4(a[j] * std::pow(0.5, count));
+    }
+    for (int j = 0; j <= n; ++j) {
+        if (a[j] == -1) a[j] = 0;
+    }
+    // Balance: the troughs are scaled to sum to minus the peaks.
+    double pos = 0, neg = 0;
+    for (int j = 0; j <= n; ++j) {
+        if (a[j] > 0) {
+            pos += a[j];
+        } else {
+            neg += a[j];
+        }
+    }
+    const double q = neg != 0 ? pos / neg : 1.0;
+    for (int j = 0; j <= n; ++j) {
+        if (a[j] < 0 && a[j] != -1) a[j] = R4(a[j] * -q);
+    }
+    // Peaks: each run of positive cells counts its highest value.
+    float asp = 0;
+    int j = 1;
+    while (j <= n) {
+        if (a[j] > 0) {
+            float p = a[j];
+            int u = j + 1;
+            while (u <= n) {
+                if (a[u] > p) {
+                    p = a[u];
+                    ++u;
+                } else if (a[u] <= 0) {
+                    break;
+                } else {
+                    ++u;
+                }
+            }
+            asp = R4(static_cast<double>(asp) + p);
+            if (u > n) break;
+            j = u + 1;
+        } else {
+            ++j;
+        }
+    }
+    return asp;
+}
+
+}  // namespace
+
+int32_t ElefanModel::classOf(float L) const {
+    // The edges step by CI, so the quotient lands on the class or next to it; the comparisons
+    // with the float-summed edges then settle it exactly.
+    const int32_t top = nC_ + 1;
+    double guess = std::floor((static_cast<double>(L) - edges_[1]) / ci_) + 1;
+    if (!(guess >= 0)) guess = 0;  // also NaN
+    if (guess > top) guess = top;
+    int32_t k = static_cast<int32_t>(guess);
+    while (k < top && edges_[static_cast<size_t>(k) + 1] <= L) ++k;
+    while (k >= 1 && edges_[static_cast<size_t>(k)] > L) --k;
+    return k;
+}
+
+ElefanModel RestructureElefan(const ElefanInput& in) {
+    ElefanModel m;
+    const int nS = in.nS, nC = in.nC;
+    if (nS < 0 || nC < 1 || in.freq.size() != static_cast<size_t>(nS) * nC ||
+        in.day.size() < static_cast<size_t>(nS) || in.month.size() < static_cast<size_t>(nS)) {
+        throw SubscriptFault("RestructureElefan");
+    }
+    m.nS_ = nS;
+    m.nC_ = nC;
+    m.firstMid_ = in.firstMid;
+    m.ci_ = in.ci;
+    m.half_ = R4(in.ci / 2.0);
+    m.lastMid_ = R4((nC - 1) * static_cast<double>(in.ci) + in.firstMid);
+    m.topEdge_ = R4(static_cast<double>(m.lastMid_) + in.ci / 2.0);
+
+    // Class edges as the scoring loop forms them; they must rise, or that loop would not end.
+    m.edges_.assign(static_cast<size_t>(nC) + 2, 0.0f);
+    m.edges_[1] = R4(static_cast<double>(in.firstMid) - m.half_);
+    for (int k = 2; k <= nC + 1; ++k) {
+        m.edges_[k] = R4(static_cast<double>(m.edges_[k - 1]) + in.ci);
+        if (!(m.edges_[k] > m.edges_[k - 1])) ThrowInvalidCall();
+    }
+
+    const size_t rows = static_cast<size_t>(nS) + 1;
+    m.sampleFirstMid_.assign(rows, 0.0f);
+    m.sampleLastMid_.assign(rows, 0.0f);
+    m.sampleTime_.assign(rows, 0.0f);
+    m.lowEdge_.assign(rows, 0.0f);
+    m.highEdge_.assign(rows, 0.0f);
+    m.compactN_.assign(rows, 0);
+    for (int s = 1; s <= nS; ++s) {
+        const int month = in.month[static_cast<size_t>(s) - 1];
+        if (month >= 0 && month <= 12) {
+            m.sampleTime_[s] = SampleTime(in.day[static_cast<size_t>(s) - 1], month);
+        } else if (m.badMonthSample_ == 0) {
+            m.badMonthSample_ = s;
+        }
+        // Limits of the occupied classes, stepped by 32-bit additions of CI.
+        float last = m.lastMid_;
+        for (int k = nC; k >= 1 && in.frequency(s, k) == 0; --k) {
+            last = R4(static_cast<double>(last) - in.ci);
+        }
+        float first = in.firstMid;
+        for (int k = 1; k <= nC && in.frequency(s, k) == 0; ++k) {
+            first = R4(static_cast<double>(first) + in.ci);
+        }
+        m.sampleFirstMid_[s] = first;
+        m.sampleLastMid_[s] = last;
+        m.lowEdge_[s] = R4(static_cast<double>(first) - in.ci / 2.0);
+        m.highEdge_[s] = R4(static_cast<double>(last) + in.ci / 2.0);
+    }
+
+    // Each sample is restructured in its compact form, cell j standing for the sample's j-th
+    // class, then moved to the file's classes.
+    std::vector<std::vector<float>> compact(rows);
+    float asp = 0;
+    for (int s = 1; s <= nS; ++s) {
+        const float sfm = m.sampleFirstMid_[s];
+        const int n = CInt(Div(static_cast<double>(m.sampleLastMid_[s]) - sfm, in.ci) + 1);
+        m.compactN_[s] = n;
+        if (n <= 0) continue;
+        const int c = CInt(Div(static_cast<double>(sfm) - in.firstMid, in.ci) + 1);
+        if (n > nC || c < 1 || c + n - 1 > nC) throw SubscriptFault("RestructureElefan");
+        auto& a = compact[s];
+        a.assign(static_cast<size_t>(n) + 1, 0.0f);
+        for (int j = 1; j <= n; ++j) a[j] = in.frequency(s, c + j - 1);
+        asp = R4(static_cast<double>(asp) + RestructureRow(a, n));
+    }
+    m.asp_ = asp;
+
+    m.master_.assign(rows * m.stride(), 0.0f);
+    for (int s = 1; s <= nS; ++s) {
+        const int n = m.compactN_[s];
+        for (int j = 1; j <= n; ++j) {
+            const int32_t x =
+                CLng(Div(static_cast<double>(m.sampleFirstMid_[s]) - in.firstMid, in.ci) + j);
+            if (x < 0 || x > nC + 2) throw SubscriptFault("RestructureElefan");
+            m.master_[static_cast<size_t>(s) * m.stride() + x] = compact[s][j];
+        }
+        // Tail: the last but one class loses half of a trough, the last class all of it.
+        float* row = &m.master_[static_cast<size_t>(s) * m.stride()];
+        if (nC >= 2 && row[nC - 1] < 0) row[nC - 1] = row[nC - 1] * 0.5f;
+        if (row[nC] < 0) row[nC] = 0;
+    }
+    return m;
+}
+
+ElefanScratch::ElefanScratch(const ElefanModel& model)
+    : stride_(static_cast<size_t>(model.nC()) + 1),
+      points_((static_cast<size_t>(model.nS()) + 1) * stride_, 0.0f),
+      dirtyLow_(static_cast<size_t>(model.nS()) + 1, 0),
+      dirtyHigh_(static_cast<size_t>(model.nS()) + 1, -1) {
+    for (int s = 1; s <= model.nS(); ++s) {
+        for (int k = 1; k <= model.nC(); ++k) at(s, k) = model.pointsMaster(s, k);
+    }
+    dirtyRows_.reserve(static_cast<size_t>(model.nS()));
+}
+
+void ElefanScratch::markConsumed(int s, int k) {
+    int32_t& lo = dirtyLow_[static_cast<size_t>(s)];
+    int32_t& hi = dirtyHigh_[static_cast<size_t>(s)];
+    if (hi < lo) {
+        dirtyRows_.push_back(s);
+        lo = hi = k;
+    } else {
+        if (k < lo) lo = k;
+        if (k > hi) hi = k;
+    }
+}
+
+void ElefanScratch::restore(const ElefanModel& model) {
+    for (int s : dirtyRows_) {
+        int32_t& lo = dirtyLow_[static_cast<size_t>(s)];
+        int32_t& hi = dirtyHigh_[static_cast<size_t>(s)];
+        for (int k = lo; k <= hi; ++k) at(s, k) = model.pointsMaster(s, k);
+        lo = 0;
+        hi = -1;
+    }
+    dirtyRows_.clear();
+}
+
+void ScoreCurveHit(const ElefanModel& m, ElefanScratch& scratch, int s, float L, float& esp) {
+    if (!(m.lowEdge_[s] <= L && m.highEdge_[s] >= L)) return;
+    // The class of L by the float-summed edges; the scan gives up once an edge reaches the
+    // sample's upper limit.
+    const int32_t k = m.classOf(L);
+    if (k == 0 || m.highEdge_[s] <= m.edges_[static_cast<size_t>(k)]) return;
+    if (k > m.nC_) throw SubscriptFault("ScoreCurveHit");
+    const float cell = scratch.at(s, k);
+    esp = R4(static_cast<double>(esp) + cell);
+    if (cell <= 0) return;
+    // The peak is consumed both ways, up to the first cell at or below 0.
+    for (int j = k; j <= m.nC_; ++j) {
+        float& c = scratch.at(s, j);
+        if (c <= 0) break;
+        c = 0;
+        scratch.markConsumed(s, j);
+    }
+    for (int j = k - 1; j >= 1; --j) {
+        float& c = scratch.at(s, j);
+        if (c <= 0) break;
+        c = 0;
+        scratch.markConsumed(s, j);
+    }
+}
+
+float ElefanScore(float esp, float asp) {
+    const double x = Div(esp, asp);
+    float r = R4(Pow(10.0, x));
+    r = R4(r / 10.0);
+    r = R4(r + 0.0005);
+    return R4(std::floor((static_cast<double>(r) + 0.0005) * 1000) / 1000);
+}
+
+float ComputeRn(const ElefanModel& m, const GrowthParams& p, ElefanScratch& scratch, float* espOut,
+                float* curveT0Out) {
+    scratch.restore(m);  // in case an earlier walk ended by a fault
+    if (m.badMonthSample_ != 0) throw SubscriptFault("SampleTime");
+    const int ss = CInt(p.ss);
+    if (ss < 1 || ss > m.nS_) throw SubscriptFault("ComputeRn");
+    const float t0 = GrowthT0(p.sl, m.sampleTime_[static_cast<size_t>(ss)], p);
+    if (curveT0Out != nullptr) *curveT0Out = t0;
+
+    // The 95% rule applies only when Loo lies inside the file's length range.
+    const bool looAboveTop = m.topEdge_ <= p.loo;
+    const float loo95 = R4(static_cast<double>(p.loo) * 0.95);
+    float esp = 0;
+    for (int s = 1; s <= m.nS_; ++s) {
+        const float low = m.lowEdge_[static_cast<size_t>(s)];
+        const float high = m.highEdge_[static_cast<size_t>(s)];
+        // Back to the oldest cohort of this date at or below the sample's lowest class.
+        float t = m.sampleTime_[static_cast<size_t>(s)];
+        float L = GrowthLength(t, p, t0);
+        while (low < L) {
+            const float earlier = R4(static_cast<double>(t) - 1.0);
+            if (earlier == t) ThrowOverflow();  // time no longer moves in 32 bits
+            t = earlier;
+            L = GrowthLength(t, p, t0);
+        }
+        // Forward a year at a time, scoring each crossing.
+        while (true) {
+            ScoreCurveHit(m, scratch, s, L, esp);
+            const float later = R4(static_cast<double>(t) + 1.0);
+            if (later == t) ThrowOverflow();
+            t = later;
+            L = GrowthLength(t, p, t0);
+            if (!(looAboveTop || loo95 >= L)) break;
+            if (high < L) break;
+        }
+    }
+    scratch.restore(m);
+    if (espOut != nullptr) *espOut = esp;
+    return ElefanScore(esp, m.asp_);
+}
+
+StartingPoint DefaultStartingPoint(const ElefanModel& m, float loo) {
+    StartingPoint sp;
+    double best = -9999;
+    const double limit = 0.95 * static_cast<double>(loo);
+    for (int s = 1; s <= m.nS(); ++s) {
+        for (int k = 1; k <= m.nC(); ++k) {
+            const double L =
+                static_cast<double>(m.sampleFirstMid(s)) + k * static_cast<double>(m.ci()) - m.ci();
+            if (limit <= L) break;
+            if (m.pointsMaster(s, k) > best) {
+                best = m.pointsMaster(s, k);
+                sp.ss = static_cast<float>(s);
+                sp.sl = R4(L);
+            }
+        }
+    }
+    return sp;
+}
+
+float DefaultKScanLoo(double largestMid) {
+    const std::string text = Format(largestMid * 1.05, "0.00");
+    double v = 0;
+    std::from_chars(text.data(), text.data() + text.size(), v);
+    return R4(v);
+}
+
+float DefaultKScanLoo(const ElefanModel& model) {
+    return DefaultKScanLoo(model.lastMid());
+}
+
+}  // namespace norvo

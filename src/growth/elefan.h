@@ -1,0 +1,139 @@
+#pragma once
+// The ELEFAN I scoring engine. RestructureElefan turns a grouped length-frequency table into a
+// table of peaks (positive points) and troughs (negative points) against a five-class moving
+// average; ComputeRn scores one set of growth parameters by walking the growth curve through
+// that table, one sample at a time.
+//
+// The restructured model is immutable. A walk consumes the peaks it crosses in a table of
+// points that belongs to the caller (ElefanScratch) and restores it afterwards, so one model
+// can be scored on several threads at once, one scratch per thread.
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "growth/vbgf.h"
+
+namespace norvo {
+
+// What the engine needs from a grouped length-frequency file. Samples are numbered 1..nS and
+// classes 1..nC; the vectors hold sample s at index s - 1.
+struct ElefanInput {
+    int32_t nS = 0;
+    int32_t nC = 0;
+    float firstMid = 0;  // midlength of class 1
+    float ci = 0;        // class interval
+    std::vector<int16_t> day;
+    std::vector<int16_t> month;  // 0..12
+    std::vector<float> freq;     // nS rows of nC: frequency of class k in sample s
+
+    float frequency(int s, int k) const {
+        return freq[static_cast<size_t>(s - 1) * static_cast<size_t>(nC) + (k - 1)];
+    }
+};
+
+class ElefanScratch;
+
+class ElefanModel {
+  public:
+    int32_t nS() const { return nS_; }
+    int32_t nC() const { return nC_; }
+    float firstMid() const { return firstMid_; }
+    float lastMid() const { return lastMid_; }
+    float ci() const { return ci_; }
+    // Midlengths of the first and last occupied class of sample s (1..nS).
+    float sampleFirstMid(int s) const { return sampleFirstMid_[static_cast<size_t>(s)]; }
+    float sampleLastMid(int s) const { return sampleLastMid_[static_cast<size_t>(s)]; }
+    // Time of sample s in the year (0 for a sample whose month is out of range).
+    float sampleTime(int s) const { return sampleTime_[static_cast<size_t>(s)]; }
+    // The restructured point of sample s (1..nS) in file class k (0..nC + 2).
+    float pointsMaster(int s, int k) const {
+        return master_[static_cast<size_t>(s) * stride() + static_cast<size_t>(k)];
+    }
+    // Available sum of peaks.
+    float asp() const { return asp_; }
+    // Number of classes of sample s in the compact form (0 or less: the sample is empty).
+    int32_t sampleClasses(int s) const { return compactN_[static_cast<size_t>(s)]; }
+
+    // The class whose [lower, upper) edges, formed as float sums from the first lower edge,
+    // hold L: 0 below the first edge, nC + 1 at or above the upper edge of class nC.
+    int32_t classOf(float L) const;
+    // Lower edge of class k (1..nC + 1) as the float-summed loop forms it.
+    float classEdge(int k) const { return edges_[static_cast<size_t>(k)]; }
+
+  private:
+    friend ElefanModel RestructureElefan(const ElefanInput& input);
+    friend class ElefanScratch;
+    friend void ScoreCurveHit(const ElefanModel&, ElefanScratch&, int, float, float&);
+    friend float ComputeRn(const ElefanModel&, const GrowthParams&, ElefanScratch&, float*, float*);
+    size_t stride() const { return static_cast<size_t>(nC_) + 3; }
+
+    int32_t nS_ = 0, nC_ = 0;
+    float firstMid_ = 0, lastMid_ = 0, ci_ = 0;
+    float half_ = 0;
+    float topEdge_ = 0;  // R4(LastMid + CI / 2)
+    std::vector<float> sampleFirstMid_, sampleLastMid_, sampleTime_;
+    std::vector<float> lowEdge_, highEdge_;  // R4(first mid - CI/2), R4(last mid + CI/2)
+    std::vector<int32_t> compactN_;
+    int32_t badMonthSample_ = 0;  // first sample with a month outside 0..12, or 0
+    std::vector<float> master_;   // (nS + 1) rows of nC + 3
+    std::vector<float> edges_;    // edges_[k], k = 1..nC + 1
+    float asp_ = 0;
+};
+
+// The table of points that one walk consumes; one per thread. Made from a model, it must only
+// be used with that model.
+class ElefanScratch {
+  public:
+    explicit ElefanScratch(const ElefanModel& model);
+    float point(int s, int k) const {
+        return points_[static_cast<size_t>(s) * stride_ + static_cast<size_t>(k)];
+    }
+
+  private:
+    friend void ScoreCurveHit(const ElefanModel&, ElefanScratch&, int, float, float&);
+    friend float ComputeRn(const ElefanModel&, const GrowthParams&, ElefanScratch&, float*, float*);
+    float& at(int s, int k) {
+        return points_[static_cast<size_t>(s) * stride_ + static_cast<size_t>(k)];
+    }
+    void markConsumed(int s, int k);
+    // Copies the consumed cells back from the model.
+    void restore(const ElefanModel& model);
+
+    size_t stride_ = 0;
+    std::vector<float> points_;  // rows 0..nS, classes 0..nC
+    // Cells consumed since the last restore: one range of classes per sample row.
+    std::vector<int32_t> dirtyRows_;
+    std::vector<int32_t> dirtyLow_, dirtyHigh_;
+};
+
+// Builds the model: the limit rows, the restructured points and ASP. CI of 0 divides by zero.
+ElefanModel RestructureElefan(const ElefanInput& input);
+
+// Adds to `esp` what the curve at length L earns in sample s, and consumes the peak it hits.
+// A length on a class edge belongs to the upper class.
+void ScoreCurveHit(const ElefanModel& model, ElefanScratch& scratch, int s, float L, float& esp);
+
+// The score Rn of the growth parameters with the starting point (p.ss, p.sl). The scratch is
+// left as it was found. `esp` and `curveT0`, when given, receive the walk's explained sum of
+// peaks and the curve's origin.
+float ComputeRn(const ElefanModel& model, const GrowthParams& p, ElefanScratch& scratch,
+                float* esp = nullptr, float* curveT0 = nullptr);
+
+// Rn from the explained and available sums of peaks: 10 ^ (ESP / ASP) / 10, rounded to three
+// decimals as the method does (ESP = 0 gives 0.101, ESP = ASP gives 1.000).
+float ElefanScore(float esp, float asp);
+
+struct StartingPoint {
+    float ss = 0;  // sample number
+    float sl = 0;  // length
+};
+
+// The proposed starting point: the highest point of the table below 95% of Loo.
+StartingPoint DefaultStartingPoint(const ElefanModel& model, float loo);
+
+// The Loo that the K-scan field proposes: the largest midlength times 1.05, as shown with two
+// decimals and read back as a 32-bit float.
+float DefaultKScanLoo(double largestMid);
+float DefaultKScanLoo(const ElefanModel& model);
+
+}  // namespace norvo
