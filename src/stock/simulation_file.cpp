@@ -1,0 +1,81 @@
+#include "stock/simulation_file.h"
+
+#include <ctime>
+#include <filesystem>
+
+#include "data/data_store.h"
+#include "data/lfq_file.h"
+#include "data/store_routines.h"
+#include "numerics/checked.h"
+
+namespace norvo {
+
+std::string SimulationDateText() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return FormatSampleDate(local.tm_mday, local.tm_mon + 1, local.tm_year + 1900);
+}
+
+void SaveLF(const std::string& path, const std::string& programFolder, const LengthFreqTable& table,
+            const std::vector<SimSampleDate>& dates, const std::string& generatedOn) {
+    LfqHeader header;
+    header.speciesname = kSimSpeciesName;
+    header.otherId = kSimOtherIdPrefix + generatedOn;
+    header.unitOfMeasurement = kSimUnit;
+    header.typeOfMeasurement = kSimMeasurement;
+    header.remarks = kSimRemarks;
+    header.path = path;
+    // The file stores both as 32-bit floats; the measures are computed from the stored values.
+    header.smallestMl = R4(table.smallestMl);
+    header.classInterval = R4(table.classInterval);
+    header.noOfClasses = table.classes;
+    header.noOfSamples = static_cast<int32_t>(dates.size());
+    header.largestMl = (table.classes - 1) * header.classInterval + header.smallestMl;
+
+    std::vector<LfqSample> samples;
+    for (size_t j = 0; j < dates.size(); ++j) {
+        LfqSample s;
+        s.sampleNo = static_cast<int16_t>(j + 1);
+        s.samplingDay = static_cast<int16_t>(dates[j].day);
+        s.samplingMonth = static_cast<int16_t>(dates[j].month);
+        s.samplingYear = dates[j].year;
+        samples.push_back(s);
+    }
+
+    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+    std::error_code ec;
+    if (!folder.empty() && !std::filesystem::exists(folder, ec))
+        std::filesystem::create_directories(folder, ec);
+    AtomicRewriteFromTemplate(path, programFolder, [&](const std::string& work) {
+        WriteLfqFile(work, header, samples, table.freq);
+    });
+}
+
+bool RunSimulation(const SimulationInputs& in, const std::string& stockPath,
+                   const std::string& catchPath, const std::string& programFolder,
+                   DialogService& dialogs, SimulationResult* result) {
+    if (auto problem = CheckSimulationInputs(in)) {
+        dialogs.notify({problem->text, problem->title, Buttons::Ok, Icon::Warning});
+        return false;
+    }
+    SimulationResult r = Simulate(in);
+    const std::string today = SimulationDateText();
+    const std::pair<const std::string*, SimSet> files[] = {{&stockPath, SimSet::Stock},
+                                                           {&catchPath, SimSet::Catch}};
+    for (const auto& [path, set] : files) {
+        try {
+            SaveLF(*path, programFolder, LengthFreq(r, set), r.dates, today);
+        } catch (const StoreError&) {
+            dialogs.notify({kFileSaveError, kSimSaveFailedTitle, Buttons::Ok, Icon::Critical});
+            if (result) *result = std::move(r);
+            return false;
+        }
+        dialogs.notify({kSimSavedPrefix + *path, kSimSavedTitle, Buttons::Ok, Icon::Information});
+    }
+    dialogs.notify({kSimDoneText, kSimDoneTitle, Buttons::Ok, Icon::Information});
+    if (result) *result = std::move(r);
+    return true;
+}
+
+}  // namespace norvo
