@@ -379,8 +379,7 @@ float ComputeRnSearch(ParallelRn& rn, RnQuery& q, const AutoSearchInput& in) {
 }
 
 std::optional<AutoSearchResult> AutoSearch(ParallelRn& rn, const AutoSearchInput& in,
-                                           const RnQuery& previous, SearchSink& sink,
-                                           DialogService& dialogs) {
+                                           const RnQuery& previous, SearchSink& sink) {
     const RnLayout& lay = rn.layout();
     AutoSearchResult res;
     RnQuery q = previous;
@@ -390,7 +389,7 @@ std::optional<AutoSearchResult> AutoSearch(ParallelRn& rn, const AutoSearchInput
     q.wp = in.wp;
     auto display = [&](float score) {
         res.rows.push_back({static_cast<int>(res.rows.size()) + 1, q, score});
-        sink.searchRow(res.rows.back().row);
+        sink.searchRow(res.rows.back());
     };
     if (sink.cancelled()) return std::nullopt;
     float best = ComputeRnSearch(rn, q, in);
@@ -482,8 +481,11 @@ std::optional<AutoSearchResult> AutoSearch(ParallelRn& rn, const AutoSearchInput
     }
     res.state = q;
     sink.progress(1, 1);
-    dialogs.notify({kMsgSearchCompleted, kTitleNote, Buttons::Ok, Icon::Information});
     return res;
+}
+
+void NotifySearchCompleted(DialogService& dialogs) {
+    dialogs.notify({kMsgSearchCompleted, kTitleNote, Buttons::Ok, Icon::Information});
 }
 
 std::array<std::string, 8> SearchRowTexts(const SearchRow& row) {

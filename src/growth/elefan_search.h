@@ -100,6 +100,13 @@ int DefaultSearchThreads();
 
 // ---- reporting -----------------------------------------------------------------------------
 
+// One row of the search table: what DisplayResults appends.
+struct SearchRow {
+    int row = 0;
+    RnQuery params;
+    float rn = 0;
+};
+
 // Where a running search reports. Every method has a do-nothing default.
 class SearchSink {
   public:
@@ -111,7 +118,7 @@ class SearchSink {
     // A K-scan column is finished (column from 1).
     virtual void kscanColumn(int /*column*/, float /*k*/, float /*rn*/) {}
     // A row of the automatic search table was appended.
-    virtual void searchRow(int /*row*/) {}
+    virtual void searchRow(const SearchRow& /*row*/) {}
     // The automatic search starts the step multiple n.
     virtual void searchPass(int /*n*/) {}
 };
@@ -223,13 +230,6 @@ struct AutoSearchInput {
     float sSample = 0, sLength = 0;
 };
 
-// One row of the search table: what DisplayResults appends.
-struct SearchRow {
-    int row = 0;
-    RnQuery params;
-    float rn = 0;
-};
-
 struct AutoSearchResult {
     std::vector<SearchRow> rows;
     RnQuery state;
@@ -242,11 +242,12 @@ bool CheckSearchSeeds(const AutoSearchInput& in, const RnLayout& layout, DialogS
 // starting points with the last pair tried left in q.ss, q.sl.
 float ComputeRnSearch(ParallelRn& rn, RnQuery& q, const AutoSearchInput& in);
 
-// The pattern search from the seeds. Shows "Search completed." at the end; nothing when
-// cancelled. `rows` grows as DisplayResults would append them.
+// The pattern search from the seeds; nothing when cancelled. `rows` grows as DisplayResults
+// would append them, each reported to the sink.
 std::optional<AutoSearchResult> AutoSearch(ParallelRn& rn, const AutoSearchInput& in,
-                                           const RnQuery& previous, SearchSink& sink,
-                                           DialogService& dialogs);
+                                           const RnQuery& previous, SearchSink& sink);
+// The closing note of a finished search.
+void NotifySearchCompleted(DialogService& dialogs);
 
 // The text of a search table row, columns 0..7, as the table shows it.
 std::array<std::string, 8> SearchRowTexts(const SearchRow& row);

@@ -306,13 +306,14 @@ TEST(AutoSearch, ZeroStepsRunNToSixWithoutAWin) {
     FakeScorer fake(SmallLayout(), [](const RnQuery& q) { return q.loo / 100; });
     ParallelRn rn(fake, 2);
     PassLog sink;
-    ScriptedDialogs d;
     AutoSearchInput in{50, 1, 0.5f, 0.5f, 0, 0, 0, 0, true, 1, 20};
-    auto res = AutoSearch(rn, in, RnQuery{}, sink, d);
+    auto res = AutoSearch(rn, in, RnQuery{}, sink);
     ASSERT_TRUE(res);
     EXPECT_EQ(res->rows.size(), 1u);
     EXPECT_EQ(sink.passes, (std::vector<int>{1, 2, 3, 4, 5, 6}));
     EXPECT_EQ(fake.seen().size(), 1u + 6 * 8);
+    ScriptedDialogs d;
+    NotifySearchCompleted(d);
     EXPECT_EQ(d.last().text, "Search completed.");
     EXPECT_EQ(d.last().title, "NOTE!");
 }
@@ -323,9 +324,8 @@ TEST(AutoSearch, AWinSetsNBackToOne) {
                     [](const RnQuery& q) { return q.loo <= 53 ? q.loo / 100 : 0.1f; });
     ParallelRn rn(fake, 2);
     PassLog sink;
-    ScriptedDialogs d;
     AutoSearchInput in{50, 1, 0, 0, 1, 0, 0, 0, true, 1, 20};
-    auto res = AutoSearch(rn, in, RnQuery{}, sink, d);
+    auto res = AutoSearch(rn, in, RnQuery{}, sink);
     ASSERT_TRUE(res);
     ASSERT_EQ(res->rows.size(), 4u);
     EXPECT_EQ(res->rows[3].params.loo, 53);
@@ -350,9 +350,8 @@ TEST(AutoSearch, TrialsStandOnEachOtherAndTiesWinNothing) {
     });
     ParallelRn rn(fake, 1);
     SearchSink sink;
-    ScriptedDialogs d;
     AutoSearchInput in{50, 2, 0.5f, 0.5f, 1, 1, 0.1f, 0.1f, true, 1, 20};
-    auto res = AutoSearch(rn, in, RnQuery{}, sink, d);
+    auto res = AutoSearch(rn, in, RnQuery{}, sink);
     ASSERT_TRUE(res);
     EXPECT_EQ(res->rows.size(), 1u);
     // The trials of the first pass: each keeps the changes of the ones before it.
@@ -376,9 +375,8 @@ TEST(AutoSearch, ClampsApplyToTrialsButNotToTheWinner) {
     });
     ParallelRn rn(fake, 1);
     SearchSink sink;
-    ScriptedDialogs d;
     AutoSearchInput in{20, 0.5f, 0.5f, 0.5f, 100, 1, 1, 1, true, 1, 12};
-    auto res = AutoSearch(rn, in, RnQuery{}, sink, d);
+    auto res = AutoSearch(rn, in, RnQuery{}, sink);
     ASSERT_TRUE(res);
     const auto seen = fake.seen();
     EXPECT_EQ(seen[1].loo, 120);
@@ -401,13 +399,12 @@ TEST(AutoSearch, VariableStartingPointLeavesTheLastPairTried) {
                     [](const RnQuery& q) { return q.ss == 1 && q.sl == 15 ? 0.7f : 0.3f; });
     ParallelRn rn(fake, 2);
     SearchSink sink;
-    ScriptedDialogs d;
     AutoSearchInput in{31, 1, 0, 0, 0, 0, 0, 0, false, 0, 0};
     RnQuery q{31, 1, 0, 0, 0, 0};
     EXPECT_EQ(ComputeRnSearch(rn, q, in), 0.7f);
     EXPECT_EQ(q.ss, 2);
     EXPECT_EQ(q.sl, 30);
-    auto res = AutoSearch(rn, in, RnQuery{}, sink, d);
+    auto res = AutoSearch(rn, in, RnQuery{}, sink);
     ASSERT_TRUE(res);
     EXPECT_EQ(res->rows[0].params.ss, 2);
     EXPECT_EQ(res->rows[0].params.sl, 30);

@@ -1,0 +1,62 @@
+#include "growth/elefan_search_engine.h"
+
+#include "growth/elefan.h"
+#include "growth/elefan_lfq.h"
+
+namespace norvo {
+
+namespace {
+
+class EngineWorker : public RnWorker {
+  public:
+    explicit EngineWorker(const ElefanModel& model) : model_(model), scratch_(model) {}
+    float score(const RnQuery& q) override {
+        GrowthParams p;
+        p.loo = q.loo;
+        p.k = q.k;
+        p.c = q.c;
+        p.wp = q.wp;
+        p.ss = q.ss;
+        p.sl = q.sl;
+        return ComputeRn(model_, p, scratch_);
+    }
+
+  private:
+    const ElefanModel& model_;
+    ElefanScratch scratch_;
+};
+
+class EngineScorer : public ElefanFileScorer {
+  public:
+    explicit EngineScorer(ElefanModel model) : model_(std::move(model)) {
+        layout_.nS = model_.nS();
+        layout_.nC = model_.nC();
+        layout_.firstMid = model_.firstMid();
+        layout_.lastMid = model_.lastMid();
+        layout_.ci = model_.ci();
+        for (int s = 1; s <= model_.nS(); ++s) {
+            layout_.sampleFirstMid.push_back(model_.sampleFirstMid(s));
+            layout_.sampleLastMid.push_back(model_.sampleLastMid(s));
+        }
+    }
+    const RnLayout& layout() const override { return layout_; }
+    std::unique_ptr<RnWorker> newWorker() const override {
+        return std::make_unique<EngineWorker>(model_);
+    }
+    std::pair<float, float> defaultStart(float loo) const override {
+        const StartingPoint sp = DefaultStartingPoint(model_, loo);
+        return {sp.ss, sp.sl};
+    }
+
+  private:
+    ElefanModel model_;
+    RnLayout layout_;
+};
+
+}  // namespace
+
+std::unique_ptr<ElefanFileScorer> MakeElefanScorer(const LfqData& data) {
+    return std::make_unique<EngineScorer>(RestructureElefan(ElefanInputFromLfq(data)));
+}
+
+}  // namespace norvo
