@@ -9,6 +9,8 @@
 #include "app/settings_store.h"
 #include "app/user_notice.h"
 
+class QPoint;
+class QPrinter;
 class QWidget;
 
 namespace norvo::gui {
@@ -26,6 +28,16 @@ struct ShellContext {
     std::function<void(bool isLfqEditor)> setEditorMenus = [](bool) {};
     // Shows a text in the main window's status bar.
     std::function<void(const QString&)> showStatus = [](const QString&) {};
+    // The printer chosen in the last print dialogue (null without one, e.g. in tests).
+    std::function<QPrinter*()> printer = [] { return static_cast<QPrinter*>(nullptr); };
+    // Shows the grids' popup "Tables" at a global position; its entries go to the editor in
+    // front, as the Edit menu's Insert/Delete entries do.
+    std::function<void(const QPoint&)> popupTableMenu = [](const QPoint&) {};
+    // Shows the popup "Links" at a global position and returns the chosen index of `mnuLink`
+    // (0 "Auto-connect from previous", 1 "Terminate connecton"), or -1 when none was chosen.
+    std::function<int(const QPoint&)> popupLinkMenu = [](const QPoint&) { return -1; };
+    // Opens a help page by screen name ("frmELEFAN1" -> Help/frmELEFAN1.html); "" the contents.
+    std::function<void(const QString& screenName)> showHelp = [](const QString&) {};
 };
 
 // Makes an analysis or tool screen (a single shared instance is kept by the shell).
