@@ -52,14 +52,6 @@ const SelectionRow* FindArea(const std::vector<SelectionRow>& rows, const std::s
     return nullptr;
 }
 
-bool SelectionRowValid(const SelectionRow& r) {
-    auto ok = [](double v) { return std::isfinite(v); };
-    if (!ok(r.l50) || !ok(r.l75) || !ok(r.fmax) || r.area.empty()) return false;
-    if (!(r.l50 > 0 && r.l75 > r.l50 && r.fmax >= 0 && r.fmax <= 10)) return false;
-    if (r.deselectionNegligible) return true;
-    return ok(r.r75) && ok(r.r50) && r.r75 > r.l75 && r.r50 > r.r75;
-}
-
 }  // namespace
 
 SimRandom::SimRandom(uint64_t seed) {
@@ -105,6 +97,14 @@ std::vector<YearClass> ResizeYearClasses(std::vector<YearClass> rows, int n) {
     rows.resize(static_cast<size_t>(n));
     for (int i = 0; i < n; ++i) rows[static_cast<size_t>(i)].age = i;
     return rows;
+}
+
+bool SelectionRowValid(const SelectionRow& r) {
+    auto ok = [](double v) { return std::isfinite(v); };
+    if (!ok(r.l50) || !ok(r.l75) || !ok(r.fmax) || r.area.empty()) return false;
+    if (!(r.l50 > 0 && r.l75 > r.l50 && r.fmax >= 0 && r.fmax <= 10)) return false;
+    if (r.deselectionNegligible) return true;
+    return ok(r.r75) && ok(r.r50) && r.r75 > r.l75 && r.r50 > r.r75;
 }
 
 bool MigrationInputsValid(const SimulationInputs& in) {

@@ -120,6 +120,9 @@ struct SimInputProblem {
     std::string title;
 };
 std::optional<SimInputProblem> CheckSimulationInputs(const SimulationInputs& in);
+// A selection row as the screen accepts it: 0 < L50 < L75, F(max) from 0 to 10, and unless
+// deselection is negligible L75 < R75 < R50.
+bool SelectionRowValid(const SelectionRow& row);
 // The migration check alone: the route's areas must be two different rows of the selection
 // table, and the migration lengths must rise.
 bool MigrationInputsValid(const SimulationInputs& in);
