@@ -1,5 +1,6 @@
 // norvo-cli lmax FILE.lfq [--plot OUT]: predicts the maximum length from the extreme lengths of
 // the file's samples.
+#include <QGuiApplication>
 #include <memory>
 
 #include "cli/cli_support.h"
@@ -16,6 +17,16 @@ struct LmaxOptions {
     std::string plotPath;
 };
 
+// Painting text needs a GUI application object; a headless run takes the offscreen platform.
+void EnsureGuiApplication() {
+    if (QCoreApplication::instance() != nullptr) return;
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int argc = 1;
+    static char name[] = "norvo-cli";
+    static char* argv[] = {name, nullptr};
+    static QGuiApplication app(argc, argv);
+}
+
 void RunLmax(Context& ctx, const LmaxOptions& o) {
     ReadLFQ(o.path, ctx.session, ctx.dialogs);
     if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
@@ -26,6 +37,7 @@ void RunLmax(Context& ctx, const LmaxOptions& o) {
     if (!fit.ok) throw Refusal(kLmaxCalcErrorTitle, kLmaxCalcErrorMessage);
 
     if (!o.plotPath.empty()) {
+        EnsureGuiApplication();
         ChartCanvas canvas;
         GraphResults(canvas, fit, data.unitOfMeasurement);
         if (!SavePlot(canvas, o.plotPath)) {
