@@ -1,11 +1,32 @@
 // The table of screens and editors the shell can open. Each screen adds its line here.
 #include "app/screens/shell_context.h"
 #include "data/screens/frm_lfq.h"
+#include "mortality/screens/frm_ault_erh.h"
+#include "mortality/screens/frm_bh_mort.h"
+#include "mortality/screens/frm_hoenig.h"
+#include "mortality/screens/frm_munro2.h"
+#include "mortality/screens/frm_pauly_m.h"
+#include "mortality/screens/frm_rik_efa.h"
 
 namespace norvo::gui {
 
 const std::map<std::string, ScreenFactory>& ScreenFactories() {
-    static const std::map<std::string, ScreenFactory> factories = {};
+    static const std::map<std::string, ScreenFactory> factories = {
+        {"frmBHMort",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmBhMort(ctx, parent); }},
+        {"frmAultErh",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmAultErh(ctx, parent);
+         }},
+        {"frmHoenig",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmHoenig(ctx, parent); }},
+        {"frmPaulyM",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmPaulyM(ctx, parent); }},
+        {"frmRikEfa",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmRikEfa(ctx, parent); }},
+        {"frmMunro2",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmMunro2(ctx, parent); }},
+    };
     return factories;
 }
 

@@ -1,0 +1,38 @@
+#pragma once
+// Building blocks shared by the small calculator screens: labelled input boxes and read-outs in
+// a form layout, buttons, reading a box as a 32-bit value, and the notice of a refused check.
+#include <QString>
+
+#include "app/user_notice.h"
+#include "mortality/calc_status.h"
+
+class QFormLayout;
+class QLineEdit;
+class QPushButton;
+class QWidget;
+
+namespace norvo::gui {
+
+inline constexpr const char* kCmdCompute = "C&ompute";
+inline constexpr const char* kCmdRecompute = "&Re-compute";
+inline constexpr const char* kCmdPrint = "&Print";
+inline constexpr const char* kCmdClose = "&Close";
+
+// An input box with its caption; the box gets `objectName`.
+QLineEdit* AddInputRow(QFormLayout* form, const QString& caption, const char* objectName);
+// A read-only result box with its caption and, when given, a unit label after it.
+QLineEdit* AddResultRow(QFormLayout* form, const QString& caption, const char* objectName,
+                        const QString& unit = {});
+QPushButton* MakeButton(const QString& caption, const char* objectName, QWidget* parent);
+
+// The box's text as a 32-bit value, an empty box being 0 (text that is no number is a
+// conversion fault).
+float BoxValue(const QLineEdit* box);
+
+// Shows the notice of a refused check (exclamation icon); true when the status is ok.
+bool AcceptStatus(DialogService& dialogs, const CalcStatus& status);
+
+// Closes the screen's sub-window when it has one, else the screen itself.
+void CloseScreen(QWidget* screen);
+
+}  // namespace norvo::gui

@@ -1,0 +1,55 @@
+#include "mortality/screens/frm_ault_erh.h"
+
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "app/error_report.h"
+#include "mortality/screens/calc_form.h"
+#include "numerics/format.h"
+
+namespace norvo::gui {
+
+FrmAultErh::FrmAultErh(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_(ctx) {
+    setObjectName("frmAultErh");
+    setWindowTitle(kAultErhTitle);
+    auto* inputs = new QGroupBox(kMeanLengthInputFrame, this);
+    auto* inForm = new QFormLayout(inputs);
+    boxes.addTo(inForm);
+    txtLmax = AddInputRow(inForm, kLmaxCaption, "txtLmax");
+    auto* result = new QGroupBox(kMeanLengthResultFrame, this);
+    auto* outForm = new QFormLayout(result);
+    txtZ = AddResultRow(outForm, kComputedZCaption, "txtZ", kPerYear);
+    txtRoot = AddResultRow(outForm, kAultExactRootCaption, "txtRoot", kPerYear);
+
+    cmdComputeButton = MakeButton(kCmdCompute, "cmdCompute", this);
+    auto* close = MakeButton(kCmdClose, "cmdClose", this);
+    connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
+    connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cmdComputeButton);
+    buttons->addWidget(close);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(inputs);
+    layout->addWidget(result);
+    layout->addLayout(buttons);
+}
+
+void FrmAultErh::cmdCompute() {
+    try {
+        const auto r = ComputeAultEhrhardt({boxes.values(), BoxValue(txtLmax)});
+        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
+        txtZ->setText(QString::fromStdString(Format(r.z, kZFormat)));
+        txtRoot->setText(r.exactRoot ? QString::fromStdString(Format(*r.exactRoot, kZFormat))
+                                     : QString(kAultNoRoot));
+    } catch (...) {
+        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
+    }
+}
+
+}  // namespace norvo::gui

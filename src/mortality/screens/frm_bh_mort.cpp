@@ -1,0 +1,62 @@
+#include "mortality/screens/frm_bh_mort.h"
+
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "app/error_report.h"
+#include "mortality/screens/calc_form.h"
+#include "numerics/format.h"
+
+namespace norvo::gui {
+
+void MeanLengthBoxes::addTo(QFormLayout* form) {
+    txtLoo = AddInputRow(form, kLooCaption, "txtLoo");
+    txtK = AddInputRow(form, kKCaption, "txtK");
+    txtLmean = AddInputRow(form, kLmeanCaption, "txtLmean");
+    txtLc = AddInputRow(form, kCutOffLengthCaption, "txtLc");
+}
+
+MeanLengthInput MeanLengthBoxes::values() const {
+    return {BoxValue(txtLoo), BoxValue(txtK), BoxValue(txtLmean), BoxValue(txtLc)};
+}
+
+FrmBhMort::FrmBhMort(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_(ctx) {
+    setObjectName("frmBHMort");
+    setWindowTitle(kBhMortTitle);
+    auto* inputs = new QGroupBox(kMeanLengthInputFrame, this);
+    auto* inForm = new QFormLayout(inputs);
+    boxes.addTo(inForm);
+    auto* result = new QGroupBox(kMeanLengthResultFrame, this);
+    auto* outForm = new QFormLayout(result);
+    txtZ = AddResultRow(outForm, kComputedZCaption, "txtZ", kPerYear);
+
+    cmdComputeButton = MakeButton(kCmdCompute, "cmdCompute", this);
+    auto* close = MakeButton(kCmdClose, "cmdClose", this);
+    connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
+    connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cmdComputeButton);
+    buttons->addWidget(close);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(inputs);
+    layout->addWidget(result);
+    layout->addLayout(buttons);
+}
+
+void FrmBhMort::cmdCompute() {
+    try {
+        const auto r = ComputeBhMortality(boxes.values());
+        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
+        txtZ->setText(QString::fromStdString(Format(r.z, kZFormat)));
+    } catch (...) {
+        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
+    }
+}
+
+}  // namespace norvo::gui

@@ -1,0 +1,46 @@
+#pragma once
+// Z from mean length (Beverton and Holt) on typed values.
+#include <QWidget>
+
+#include "app/screens/shell_context.h"
+#include "mortality/bh_mortality.h"
+
+class QFormLayout;
+class QLineEdit;
+class QPushButton;
+
+namespace norvo::gui {
+
+inline constexpr const char* kMeanLengthInputFrame = "Input parameters";
+inline constexpr const char* kMeanLengthResultFrame = "Result";
+inline constexpr const char* kLooCaption = "Asymptotic length (Loo):";
+inline constexpr const char* kKCaption = "Growth constant (K):";
+inline constexpr const char* kLmeanCaption = "Mean length (Lmean):";
+
+// The four boxes both mean-length screens share.
+struct MeanLengthBoxes {
+    QLineEdit* txtLoo = nullptr;
+    QLineEdit* txtK = nullptr;
+    QLineEdit* txtLmean = nullptr;
+    QLineEdit* txtLc = nullptr;
+
+    void addTo(QFormLayout* form);
+    MeanLengthInput values() const;
+};
+
+class FrmBhMort : public QWidget {
+  public:
+    explicit FrmBhMort(ShellContext& ctx, QWidget* parent = nullptr);
+
+    // Checks the boxes in order and shows Z, or the notice of the first failed check.
+    void cmdCompute();
+
+    MeanLengthBoxes boxes;
+    QLineEdit* txtZ = nullptr;
+    QPushButton* cmdComputeButton = nullptr;
+
+  private:
+    ShellContext& ctx_;
+};
+
+}  // namespace norvo::gui

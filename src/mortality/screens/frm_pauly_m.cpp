@@ -1,0 +1,93 @@
+#include "mortality/screens/frm_pauly_m.h"
+
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "app/error_report.h"
+#include "mortality/bh_mortality.h"
+#include "mortality/screens/calc_form.h"
+#include "numerics/format.h"
+
+namespace norvo::gui {
+
+FrmPaulyM::FrmPaulyM(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_(ctx) {
+    setObjectName("frmPaulyM");
+    setWindowTitle(kPaulyTitle);
+
+    auto* formBox = new QGroupBox(this);
+    auto* formRow = new QHBoxLayout(formBox);
+    optPaulyM[0] = new QRadioButton(kPaulyLengthOption, formBox);
+    optPaulyM[1] = new QRadioButton(kPaulyWeightOption, formBox);
+    for (int i = 0; i < 2; ++i) {
+        optPaulyM[i]->setObjectName(QString("optPaulyM%1").arg(i));
+        formRow->addWidget(optPaulyM[i]);
+        connect(optPaulyM[i], &QRadioButton::toggled, this, [this] { showForm(); });
+    }
+    formRow->addStretch();
+
+    auto* inputs = new QGroupBox("Input parameters", this);
+    auto* inForm = new QFormLayout(inputs);
+    txtSize = AddInputRow(inForm, kPaulyLengthCaption, "txtSize");
+    lblSize = qobject_cast<QLabel*>(inForm->labelForField(txtSize));
+    txtK = AddInputRow(inForm, kPaulyKCaption, "txtK");
+    txtT = AddInputRow(inForm, kPaulyTCaption, "txtT");
+
+    lblFormula = new QLabel(this);
+    lblFormula->setObjectName("lblFormula");
+    lblRemark = new QLabel(this);
+    lblRemark->setObjectName("lblRemark");
+
+    auto* result = new QGroupBox("Result", this);
+    auto* outForm = new QFormLayout(result);
+    txtM = AddResultRow(outForm, kPaulyMCaption, "txtM", kPerYear);
+
+    cmdComputeButton = MakeButton(kCmdCompute, "cmdCompute", this);
+    auto* close = MakeButton(kCmdClose, "cmdClose", this);
+    connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
+    connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cmdComputeButton);
+    buttons->addWidget(close);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(formBox);
+    layout->addWidget(lblFormula);
+    layout->addWidget(inputs);
+    layout->addWidget(lblRemark);
+    layout->addWidget(result);
+    layout->addLayout(buttons);
+
+    optPaulyM[0]->setChecked(true);
+    showForm();
+}
+
+PaulyForm FrmPaulyM::form() const {
+    return optPaulyM[1]->isChecked() ? PaulyForm::Weight : PaulyForm::Length;
+}
+
+void FrmPaulyM::showForm() {
+    const bool weight = form() == PaulyForm::Weight;
+    lblSize->setText(weight ? kPaulyWeightCaption : kPaulyLengthCaption);
+    lblFormula->setText(weight ? kPaulyWeightFormula : kPaulyLengthFormula);
+    lblRemark->setText(weight ? kPaulyWeightRemark : kPaulyLengthRemark);
+    txtM->clear();
+}
+
+void FrmPaulyM::cmdCompute() {
+    try {
+        const auto r = ComputePaulyM({form(), BoxValue(txtSize), BoxValue(txtK), BoxValue(txtT)});
+        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
+        txtM->setText(QString::fromStdString(Format(r.m, kPaulyMFormat)));
+    } catch (...) {
+        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
+    }
+}
+
+}  // namespace norvo::gui

@@ -1,0 +1,45 @@
+#pragma once
+// Natural mortality from Pauly's equation, in its length and weight forms, on typed values.
+#include <QWidget>
+#include <array>
+
+#include "app/screens/shell_context.h"
+#include "mortality/pauly_m.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+
+namespace norvo::gui {
+
+inline constexpr const char* kPaulyTitle = "Pauly's M Equation...";
+inline constexpr const char* kPaulyLengthOption = "Length";
+inline constexpr const char* kPaulyWeightOption = "Weight";
+inline constexpr const char* kPaulyKCaption = "Growth constant (K; /year):";
+inline constexpr const char* kPaulyTCaption = "Mean habitat temperature (T; deg C):";
+inline constexpr const char* kPaulyMCaption = "Natural mortality (M):";
+
+class FrmPaulyM : public QWidget {
+  public:
+    explicit FrmPaulyM(ShellContext& ctx, QWidget* parent = nullptr);
+
+    PaulyForm form() const;
+    void cmdCompute();
+
+    std::array<QRadioButton*, 2> optPaulyM{};  // 0 length, 1 weight
+    QLabel* lblSize = nullptr;
+    QLabel* lblFormula = nullptr;
+    QLabel* lblRemark = nullptr;
+    QLineEdit* txtSize = nullptr;
+    QLineEdit* txtK = nullptr;
+    QLineEdit* txtT = nullptr;
+    QLineEdit* txtM = nullptr;
+    QPushButton* cmdComputeButton = nullptr;
+
+  private:
+    void showForm();
+    ShellContext& ctx_;
+};
+
+}  // namespace norvo::gui

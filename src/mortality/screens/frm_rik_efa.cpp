@@ -1,0 +1,54 @@
+#include "mortality/screens/frm_rik_efa.h"
+
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "app/error_report.h"
+#include "mortality/bh_mortality.h"
+#include "mortality/screens/calc_form.h"
+#include "numerics/format.h"
+
+namespace norvo::gui {
+
+FrmRikEfa::FrmRikEfa(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_(ctx) {
+    setObjectName("frmRikEfa");
+    setWindowTitle(kRikEfaTitle);
+    auto* inputs = new QGroupBox("Input parameters", this);
+    auto* inForm = new QFormLayout(inputs);
+    inForm->addRow(new QLabel(kRikEfaFormula, inputs));
+    txtTm = AddInputRow(inForm, kTmCaption, "txtTm");
+    auto* result = new QGroupBox("Result", this);
+    auto* outForm = new QFormLayout(result);
+    txtM = AddResultRow(outForm, kRikEfaMCaption, "txtM", kPerYear);
+
+    cmdComputeButton = MakeButton(kCmdCompute, "cmdCompute", this);
+    auto* close = MakeButton(kCmdClose, "cmdClose", this);
+    connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
+    connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cmdComputeButton);
+    buttons->addWidget(close);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(inputs);
+    layout->addWidget(result);
+    layout->addLayout(buttons);
+}
+
+void FrmRikEfa::cmdCompute() {
+    try {
+        const auto r = ComputeRikhterEfanov({BoxValue(txtTm)});
+        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
+        txtM->setText(QString::fromStdString(Format(r.m, kRikhterMFormat)));
+    } catch (...) {
+        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
+    }
+}
+
+}  // namespace norvo::gui

@@ -1,0 +1,32 @@
+#pragma once
+// Natural mortality from the age at first maturity (Rikhter and Efanov) on a typed value.
+#include <QWidget>
+
+#include "app/screens/shell_context.h"
+#include "mortality/rikhter_efanov.h"
+
+class QLineEdit;
+class QPushButton;
+
+namespace norvo::gui {
+
+inline constexpr const char* kRikEfaTitle = "Rikhter & Efanov's Method...";
+inline constexpr const char* kTmCaption = "Age at first maturity (tm; years):";
+inline constexpr const char* kRikEfaFormula = "M = 1.52 / tm^0.72 - 0.16";
+inline constexpr const char* kRikEfaMCaption = "Natural mortality (M):";
+
+class FrmRikEfa : public QWidget {
+  public:
+    explicit FrmRikEfa(ShellContext& ctx, QWidget* parent = nullptr);
+
+    void cmdCompute();
+
+    QLineEdit* txtTm = nullptr;
+    QLineEdit* txtM = nullptr;
+    QPushButton* cmdComputeButton = nullptr;
+
+  private:
+    ShellContext& ctx_;
+};
+
+}  // namespace norvo::gui
