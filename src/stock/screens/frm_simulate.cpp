@@ -49,6 +49,7 @@ QTableWidget* MakeTable(QWidget* parent, const char* name, const QStringList& co
     t->setObjectName(name);
     t->setHorizontalHeaderLabels(columns);
     t->verticalHeader()->setVisible(false);
+    t->verticalHeader()->setDefaultSectionSize(22);
     return t;
 }
 
@@ -84,6 +85,7 @@ FrmSimulate::FrmSimulate(ShellContext& ctx, QWidget* parent) : QWidget(parent), 
         box->setObjectName(QString("txtFile_%1").arg(i));
         auto* more = new QPushButton("...", this);
         more->setObjectName(QString("cmdBrowse_%1").arg(i));
+        more->setMaximumWidth(32);
         connect(more, &QPushButton::clicked, this, [this, i] { browse(i); });
         files->addWidget(new QLabel(kSimPathLabels[static_cast<size_t>(i)], this), i, 0);
         files->addWidget(box, i, 1);
@@ -117,7 +119,7 @@ FrmSimulate::FrmSimulate(ShellContext& ctx, QWidget* parent) : QWidget(parent), 
     layout->addLayout(buttons);
 
     showInputs(DefaultSimulationInputs());
-    resize(760, 520);
+    resize(940, 560);
 }
 
 QWidget* FrmSimulate::buildFileTab() {
@@ -222,7 +224,8 @@ QWidget* FrmSimulate::buildResultTab() {
     grdAgeDist_ =
         MakeTable(page, "grdAgeDist", {kSimYearColumns[0], kSimStockLabel, kSimCatchLabel});
     grdAgeDist_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    grdAgeDist_->setMaximumWidth(260);
+    for (int c = 0; c < 3; ++c) grdAgeDist_->setColumnWidth(c, 64);
+    grdAgeDist_->setFixedWidth(3 * 64 + 2 * grdAgeDist_->frameWidth() + 4);
     auto* left = new QVBoxLayout;
     left->addWidget(new QLabel(kSimAgeDistTitle, page));
     left->addWidget(grdAgeDist_);
