@@ -7,6 +7,7 @@
 #include "mortality/screens/frm_munro2.h"
 #include "mortality/screens/frm_pauly_m.h"
 #include "mortality/screens/frm_rik_efa.h"
+#include "stock/screens/frm_simulate.h"
 
 namespace norvo::gui {
 
@@ -26,6 +27,10 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmRikEfa(ctx, parent); }},
         {"frmMunro2",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmMunro2(ctx, parent); }},
+        {"frmSimulate",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmSimulate(ctx, parent);
+         }},
     };
     return factories;
 }
