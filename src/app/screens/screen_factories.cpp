@@ -7,12 +7,20 @@
 #include "mortality/screens/frm_munro2.h"
 #include "mortality/screens/frm_pauly_m.h"
 #include "mortality/screens/frm_rik_efa.h"
+#include "plot/screens/frm_lmax.h"
+#include "plot/screens/frm_phi_prime.h"
 #include "stock/screens/frm_simulate.h"
 
 namespace norvo::gui {
 
 const std::map<std::string, ScreenFactory>& ScreenFactories() {
     static const std::map<std::string, ScreenFactory> factories = {
+        {"frmLmax",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmLmax(ctx, parent); }},
+        {"frmPhiPrime",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmPhiPrime(ctx, parent);
+         }},
         {"frmBHMort",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmBhMort(ctx, parent); }},
         {"frmAultErh",
