@@ -56,7 +56,11 @@ class EngineScorer : public ElefanFileScorer {
 }  // namespace
 
 std::unique_ptr<ElefanFileScorer> MakeElefanScorer(const LfqData& data) {
-    return std::make_unique<EngineScorer>(RestructureElefan(ElefanInputFromLfq(data)));
+    return MakeElefanScorer(ElefanInputFromLfq(data));
+}
+
+std::unique_ptr<ElefanFileScorer> MakeElefanScorer(const ElefanInput& input) {
+    return std::make_unique<EngineScorer>(RestructureElefan(input));
 }
 
 }  // namespace norvo

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "data/lfq_data.h"
+#include "growth/elefan.h"
 #include "growth/elefan_search.h"
 
 namespace norvo {
@@ -16,5 +17,6 @@ class ElefanFileScorer : public RnScorer {
 
 // Restructures the file once; the result scores on any number of threads at once.
 std::unique_ptr<ElefanFileScorer> MakeElefanScorer(const LfqData& data);
+std::unique_ptr<ElefanFileScorer> MakeElefanScorer(const ElefanInput& input);
 
 }  // namespace norvo

@@ -1,6 +1,7 @@
 // The table of screens and editors the shell can open. Each screen adds its line here.
 #include "app/screens/shell_context.h"
 #include "data/screens/frm_lfq.h"
+#include "growth/screens/frm_elefan1.h"
 #include "mortality/screens/frm_ault_erh.h"
 #include "mortality/screens/frm_bh_mort.h"
 #include "mortality/screens/frm_hoenig.h"
@@ -35,6 +36,10 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmRikEfa(ctx, parent); }},
         {"frmMunro2",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmMunro2(ctx, parent); }},
+        {"frmELEFAN1",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmElefan1(ctx, parent);
+         }},
         {"frmSimulate",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmSimulate(ctx, parent);
