@@ -13,10 +13,10 @@ class QWidget;
 
 namespace norvo::gui {
 
-inline constexpr const char* kCmdCompute = "C&ompute";
-inline constexpr const char* kCmdRecompute = "&Re-compute";
-inline constexpr const char* kCmdPrint = "&Print";
-inline constexpr const char* kCmdClose = "&Close";
+inline constexpr const char* kCalcCompute = "C&ompute";
+inline constexpr const char* kCalcRecompute = "&Re-compute";
+inline constexpr const char* kCalcPrint = "&Print";
+inline constexpr const char* kCalcClose = "&Close";
 
 // An input box with its caption; the box gets `objectName`.
 QLineEdit* AddInputRow(QFormLayout* form, const QString& caption, const char* objectName);

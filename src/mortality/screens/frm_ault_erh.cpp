@@ -25,8 +25,8 @@ FrmAultErh::FrmAultErh(ShellContext& ctx, QWidget* parent) : QWidget(parent), ct
     txtZ = AddResultRow(outForm, kComputedZCaption, "txtZ", kPerYear);
     txtRoot = AddResultRow(outForm, kAultExactRootCaption, "txtRoot", kPerYear);
 
-    cmdComputeButton = MakeButton(kCmdCompute, "cmdCompute", this);
-    auto* close = MakeButton(kCmdClose, "cmdClose", this);
+    cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
+    auto* close = MakeButton(kCalcClose, "cmdClose", this);
     connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
     connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
     auto* buttons = new QHBoxLayout;

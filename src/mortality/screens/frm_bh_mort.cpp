@@ -34,8 +34,8 @@ FrmBhMort::FrmBhMort(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     auto* outForm = new QFormLayout(result);
     txtZ = AddResultRow(outForm, kComputedZCaption, "txtZ", kPerYear);
 
-    cmdComputeButton = MakeButton(kCmdCompute, "cmdCompute", this);
-    auto* close = MakeButton(kCmdClose, "cmdClose", this);
+    cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
+    auto* close = MakeButton(kCalcClose, "cmdClose", this);
     connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
     connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
     auto* buttons = new QHBoxLayout;

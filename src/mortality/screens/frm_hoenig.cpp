@@ -53,8 +53,8 @@ FrmHoenig::FrmHoenig(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     }
     txtSe1->setEnabled(false);
 
-    cmdComputeButton = MakeButton(kCmdCompute, "cmdCompute", this);
-    auto* close = MakeButton(kCmdClose, "cmdClose", this);
+    cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
+    auto* close = MakeButton(kCalcClose, "cmdClose", this);
     connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
     connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
     auto* buttons = new QHBoxLayout;

@@ -16,8 +16,8 @@ FrmMunro2::FrmMunro2(ShellContext& ctx, QWidget* parent) : QWidget(parent) {
     tabs->setObjectName("tabMunro2");
     for (const char* caption : kMunro2Tabs) tabs->addTab(new QWidget(tabs), caption);
 
-    auto* proceed = MakeButton(kCmdProceed, "cmdProceed", this);
-    auto* close = MakeButton(kCmdClose, "cmdClose", this);
+    auto* proceed = MakeButton(kMunro2Proceed, "cmdProceed", this);
+    auto* close = MakeButton(kCalcClose, "cmdClose", this);
     connect(proceed, &QPushButton::clicked, this, [this] { CloseScreen(this); });
     connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
     auto* buttons = new QHBoxLayout;

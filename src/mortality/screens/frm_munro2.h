@@ -17,7 +17,7 @@ inline constexpr std::array<const char*, 5> kMunro2Tabs = {
 inline constexpr const char* kNotAvailableTitle = "Not Available";
 inline constexpr const char* kNotAvailableMessage =
     "This routine is not yet available in this version.";
-inline constexpr const char* kCmdProceed = "&Proceed";
+inline constexpr const char* kMunro2Proceed = "&Proceed";
 
 class FrmMunro2 : public QWidget {
   public:

@@ -47,8 +47,8 @@ FrmPaulyM::FrmPaulyM(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     auto* outForm = new QFormLayout(result);
     txtM = AddResultRow(outForm, kPaulyMCaption, "txtM", kPerYear);
 
-    cmdComputeButton = MakeButton(kCmdCompute, "cmdCompute", this);
-    auto* close = MakeButton(kCmdClose, "cmdClose", this);
+    cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
+    auto* close = MakeButton(kCalcClose, "cmdClose", this);
     connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
     connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
     auto* buttons = new QHBoxLayout;

@@ -26,8 +26,8 @@ FrmRikEfa::FrmRikEfa(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     auto* outForm = new QFormLayout(result);
     txtM = AddResultRow(outForm, kRikEfaMCaption, "txtM", kPerYear);
 
-    cmdComputeButton = MakeButton(kCmdCompute, "cmdCompute", this);
-    auto* close = MakeButton(kCmdClose, "cmdClose", this);
+    cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
+    auto* close = MakeButton(kCalcClose, "cmdClose", this);
     connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
     connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
     auto* buttons = new QHBoxLayout;

@@ -48,7 +48,7 @@ FrmLmax::FrmLmax(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_(ctx
     setWindowTitle(kLmaxTitle);
 
     auto* fileRow = new QHBoxLayout;
-    auto* open = MakeButton(kCmdOpen, "cmdOpen", this);
+    auto* open = MakeButton(kLmaxCmdOpen, "cmdOpen", this);
     connect(open, &QPushButton::clicked, this, [this] { cmdOpen(); });
     txtFile = new QLineEdit(this);
     txtFile->setObjectName("txtFile");
@@ -93,7 +93,7 @@ FrmLmax::FrmLmax(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_(ctx
     split->addWidget(picPlot);
     split->setStretchFactor(1, 2);
 
-    auto* close = MakeButton(kCmdClose, "cmdClose", this);
+    auto* close = MakeButton(kCalcClose, "cmdClose", this);
     connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();

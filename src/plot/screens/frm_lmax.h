@@ -16,7 +16,7 @@ class QTableWidget;
 namespace norvo::gui {
 
 inline constexpr const char* kLmaxTitle = "Maximum Length Estimation...";
-inline constexpr const char* kCmdOpen = "&Open...";
+inline constexpr const char* kLmaxCmdOpen = "&Open...";
 inline constexpr const char* kLmaxFileCaption = "File:";
 inline constexpr const char* kLmaxPredictedCaption = "Predicted maximum length:";
 inline constexpr const char* kLmaxLowerCaption = "Lower limit:";

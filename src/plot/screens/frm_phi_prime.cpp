@@ -31,8 +31,8 @@ FrmPhiPrime::FrmPhiPrime(ShellContext& ctx, QWidget* parent) : QWidget(parent), 
     formula->setObjectName("lblFormula");
     outForm->addRow(formula);
 
-    cmdComputeButton = MakeButton(kCmdCompute, "cmdCompute", this);
-    auto* close = MakeButton(kCmdClose, "cmdClose", this);
+    cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
+    auto* close = MakeButton(kCalcClose, "cmdClose", this);
     connect(cmdComputeButton, &QPushButton::clicked, this, [this] { ComputeParameters(); });
     connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
     auto* buttons = new QHBoxLayout;
@@ -55,7 +55,7 @@ void FrmPhiPrime::ComputeParameters() {
         };
         txtPhiPrime->setText(shown(r.phiPrime));
         txtPhi->setText(shown(r.phi));
-        cmdComputeButton->setText(kCmdRecompute);
+        cmdComputeButton->setText(kCalcRecompute);
     } catch (...) {
         ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
     }
