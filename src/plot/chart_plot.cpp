@@ -268,10 +268,11 @@ void ChartDefineAxis(ChartPlot& plot, int axisNumber, int lineStyle, int lineWid
         if (step == 0.0f) {
             axis.tickCount = 1;
         } else {
-            // Single-precision quotient, so that a default step of a tenth gives 11 ticks.
+            // A quotient within 1/10000 of a whole number counts as whole, so that the
+            // rounding of 32-bit ranges and steps never loses the last tick.
             const float span = R4(double(axis.axisMax) - start);
             const float quotient = R4(span / step);
-            const double whole = Int(quotient) + 1.0;
+            const double whole = Int(quotient + 1e-4) + 1.0;
             if (whole > kMaxTicks) ThrowOverflow();
             axis.tickCount = whole < 0 ? 0 : static_cast<std::int32_t>(whole);
         }

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
@@ -43,6 +44,16 @@ struct Mapper {
 };
 
 }  // namespace
+
+void EnsureRenderingApplication() {
+    if (QCoreApplication::instance()) return;
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int argc = 1;
+    static char name[] = "norvo";
+    static char* argv[] = {name, nullptr};
+    // Lives until the process ends; destroying it during static teardown is not safe.
+    new QGuiApplication(argc, argv);
+}
 
 QString ResolveFontFamily(const std::string& face) {
     if (face.empty() || face == kPlotFontFace) return QStringLiteral("Liberation Sans");
@@ -169,6 +180,7 @@ void PaintImage(QPainter& painter, const CanvasImage& image, const QRectF& targe
 }
 
 QImage RenderCanvas(const ChartCanvas& canvas, int widthPx, int heightPx) {
+    EnsureRenderingApplication();
     const int w = widthPx > 0 ? widthPx : canvas.widthPx();
     const int h = heightPx > 0 ? heightPx : canvas.heightPx();
     QImage image(w, h, QImage::Format_RGB32);
@@ -196,6 +208,7 @@ bool SavePlot(const ChartCanvas& canvas, const std::string& path, int widthPx, i
     const int w = widthPx > 0 ? widthPx : canvas.widthPx();
     const int h = heightPx > 0 ? heightPx : canvas.heightPx();
     const QString file = QString::fromStdString(path);
+    EnsureRenderingApplication();
     switch (PlotFormatForPath(path)) {
         case PlotFileFormat::Png:
             return RenderCanvas(canvas, w, h).save(file, "PNG");

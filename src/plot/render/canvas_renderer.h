@@ -14,6 +14,10 @@ class QPainter;
 
 namespace norvo {
 
+// Makes sure a QGuiApplication exists (fonts need one); a headless program gets an offscreen
+// one on first use. Called by RenderCanvas and SavePlot.
+void EnsureRenderingApplication();
+
 // The family actually used for a face name: "Arial" is drawn with the metric-compatible
 // Liberation Sans so that text looks alike on every machine.
 QString ResolveFontFamily(const std::string& face);
