@@ -6,13 +6,16 @@ add_custom_target(norvo_help ALL
 add_custom_target(norvo_runtime_files ALL DEPENDS norvo_help)
 include(${PROJECT_SOURCE_DIR}/cmake/Templates.cmake)
 add_dependencies(norvo_runtime_files norvo_templates)
-# The bundled sample data (Data/Simull01.LFQ, Data/Simull02.LFQ), simulated from the defaults.
+# The bundled sample data (Data/Simull01.LFQ, Data/Simull02.LFQ), simulated from the defaults,
+# and walk-through files of other kinds from the same simulated stock.
 add_executable(norvo_make_sample_data ${PROJECT_SOURCE_DIR}/src/stock/tools/make_sample_data.cpp)
 target_link_libraries(norvo_make_sample_data PRIVATE norvo_core)
 set_target_properties(norvo_make_sample_data PROPERTIES
   RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tools AUTOMOC OFF)
 add_custom_command(
   OUTPUT ${NORVO_OUTPUT_DIR}/Data/Simull01.LFQ ${NORVO_OUTPUT_DIR}/Data/Simull02.LFQ
+         ${NORVO_OUTPUT_DIR}/Data/SimTag.GIN ${NORVO_OUTPUT_DIR}/Data/SimAge.LAA
+         ${NORVO_OUTPUT_DIR}/Data/SimLen.ULF
   COMMAND norvo_make_sample_data ${NORVO_OUTPUT_DIR}
   DEPENDS norvo_make_sample_data norvo_templates
   COMMENT "Simulating the sample data files")

@@ -1,27 +1,39 @@
 // Writes the bundled sample data beside the executables: Data/Simull01.LFQ (STOCK) and
-// Data/Simull02.LFQ (CATCH), simulated with the default inputs and seed.
+// Data/Simull02.LFQ (CATCH), simulated with the default inputs and seed, and the walk-through
+// files of tag returns, lengths at age and one ungrouped sample from the same stock.
 // Usage: norvo_make_sample_data PROGRAM_FOLDER (where Templates/ stands).
 #include <exception>
 #include <filesystem>
 #include <iostream>
 
 #include "app/scripted_dialogs.h"
+#include "stock/sample_files.h"
 #include "stock/simulation_file.h"
 
 int main(int argc, char** argv) {
+    using namespace norvo;
     if (argc != 2) {
         std::cerr << "usage: norvo_make_sample_data PROGRAM_FOLDER\n";
         return 1;
     }
     const std::filesystem::path folder = argv[1];
-    norvo::ScriptedDialogs dialogs;
+    const std::string program = folder.string();
+    auto at = [&](const char* name) { return (folder / name).string(); };
+    const SimulationInputs in = DefaultSimulationInputs();
+    ScriptedDialogs dialogs;
     try {
-        if (!norvo::RunSimulation(
-                norvo::DefaultSimulationInputs(), (folder / norvo::kSimStockFile).string(),
-                (folder / norvo::kSimCatchFile).string(), folder.string(), dialogs)) {
+        SimulationResult run;
+        if (!RunSimulation(in, at(kSimStockFile), at(kSimCatchFile), program, dialogs, &run)) {
             std::cerr << dialogs.last().title << ": " << dialogs.last().text << "\n";
             return 1;
         }
+        const std::string today = SimulationDateText();
+        SaveTagging(at(kSimTaggingFile), program, SimulateTagging(in, 40), today);
+        SaveAgeLength(at(kSimAgeLengthFile), program, SimulateAgeLength(in, 60), run.dates.front(),
+                      today);
+        std::vector<double> lengths;
+        for (const auto& fish : run.fish[0].front()) lengths.push_back(fish.length);
+        SaveUngrouped(at(kSimUngroupedFile), program, lengths, run.dates.front(), today);
     } catch (const std::exception& e) {
         std::cerr << e.what() << "\n";
         return 1;
