@@ -120,7 +120,7 @@ std::optional<SimInputProblem> CheckSimulationInputs(const SimulationInputs& in)
     if (auto p = OutOfRange("number of monthly samples", in.samples, 1, 120, "0")) return p;
     if (auto p = OutOfRange("number of months separating samples", in.monthsBetween, 1, 12, "0"))
         return p;
-    if (auto p = OutOfRange("number of fishes per sample", in.fishPerSample, 1, 100000, "0"))
+    if (auto p = OutOfRange("number of fishes per sample", in.fishPerSample, 1, 10000, "0"))
         return p;
     if (auto p = OutOfRange("class interval", in.classInterval, 0.25, 999)) return p;
     if (auto p = OutOfRange("number of age groups", in.ageGroups, 1, 20, "0")) return p;
