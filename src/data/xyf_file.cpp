@@ -1,0 +1,32 @@
+#include "data/xyf_file.h"
+
+#include "data/data_store.h"
+
+namespace norvo {
+
+XyfData ReadXYF(const std::string& path) {
+    XyfData out;
+    DataStore store = DataStore::open(path);
+    {
+        Records header = store.openRecords(std::string("SELECT * FROM [") + kTableXyf + "]");
+        if (!header.endOfRecords()) {
+            header.moveFirst();
+            out.graphTitle = AsText(header.getField("Graph_Title"));
+            out.xAxis = AsText(header.getField("X_axis"));
+            out.yAxis = AsText(header.getField("Y_axis"));
+            out.remarks = AsText(header.getField("Remarks"));
+        }
+        header.close();
+    }
+    Records rows = store.openRecords(std::string("SELECT * FROM [") + kTableXyfMeasures + "]");
+    while (!rows.endOfRecords()) {
+        out.x.push_back(AsFloat(rows.getField("X")));
+        out.y.push_back(AsFloat(rows.getField("Y")));
+        rows.moveNext();
+    }
+    rows.close();
+    store.close();
+    return out;
+}
+
+}  // namespace norvo
