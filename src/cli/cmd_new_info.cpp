@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "cli/cli_support.h"
+#include "cli/lfq_info.h"
 #include "data/data_store.h"
 #include "data/file_kind.h"
 #include "data/schema.h"
@@ -67,12 +68,15 @@ void RunInfo(Context& ctx, const std::string& path) {
     } catch (const StoreError&) {
         throw Refusal(kInvalidDataTitle, kCorruptedOrWrongFormat);
     }
+    const bool grouped = std::string(kind->code) == "LFQ" && !header.is_null();
     if (ctx.json) {
-        ctx.print({{"path", path},
-                   {"kind", kind->code},
-                   {"headerTable", kind->headerTable},
-                   {"header", header},
-                   {"tables", counts}});
+        nlohmann::json out = {{"path", path},
+                              {"kind", kind->code},
+                              {"headerTable", kind->headerTable},
+                              {"header", header},
+                              {"tables", counts}};
+        if (grouped) out["lfq"] = LfqInfoJson(ctx, path);
+        ctx.print(out);
         return;
     }
     std::cout << "Path: " << path << "\nKind: " << kind->code << "\nHeader (" << kind->headerTable
@@ -88,6 +92,7 @@ void RunInfo(Context& ctx, const std::string& path) {
         std::cout << "  " << c["table"].get<std::string>() << ": " << c["records"].get<int>()
                   << "\n";
     }
+    if (grouped) PrintLfqInfo(ctx, path);
 }
 
 RegisterCommand reg{[](CLI::App& app, Context& ctx) {

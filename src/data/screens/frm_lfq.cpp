@@ -322,10 +322,8 @@ void FrmLfq::DeleteCol(int column) {
         // The file's sample headers follow at once; the measures wait for a save.
         DeleteWhere(path, kTableSampleLf, {"SampleNo"}, {"="}, {std::to_string(column)});
         DataStore store = DataStore::open(path);
-        store.execute(
-            "UPDATE Sample_LF SET [Sample_LF].[SampleNo]=([Sample_LF].[SampleNo] - 1)  WHERE "
-            "(([Sample_LF].[SampleNo]) > " +
-            std::to_string(column) + ")");
+        store.execute("UPDATE [Sample_LF] SET [SampleNo]=([SampleNo] - 1) WHERE ([SampleNo] > " +
+                      std::to_string(column) + ")");
         store.close();
     } catch (const StoreError&) {
         ctx_.dialogs.notify(

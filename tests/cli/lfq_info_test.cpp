@@ -1,0 +1,71 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "data/lfq_file.h"
+#include "support/test_paths.h"
+
+namespace norvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string TwoSampleFile(const test::TempDir& dir) {
+    const std::string path = dir.file("two.lfq");
+    fs::copy_file(test::BinDir() / "Templates" / "Template.LFQ", path);
+    LfqHeader h;
+    h.speciesname = "Upeneus";
+    h.unitOfMeasurement = "mm";
+    h.smallestMl = 25;
+    h.classInterval = 5;
+    LfqSample a, b;
+    a.sampleNo = 1;
+    a.samplingDay = 3;
+    a.samplingMonth = 4;
+    a.samplingYear = 1995;
+    b.sampleNo = 2;
+    b.samplingDay = 30;
+    b.samplingMonth = 11;
+    b.samplingYear = 1995;
+    WriteLfqFile(path, h, {a, b}, {{1.5, 0}, {12, 3}});
+    return path;
+}
+
+TEST(LfqInfoCli, PrintsHeaderDatesAndFrequencyTable) {
+    test::TempDir dir;
+    const std::string path = TwoSampleFile(dir);
+    const auto r = test::RunCli("info " + path);
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    EXPECT_NE(r.out.find("Grouped length frequencies: 2 samples, 2 classes (midlengths 25.00 to "
+                         "30.00 mm, interval 5.00)"),
+              std::string::npos)
+        << r.out;
+    EXPECT_NE(r.out.find("    1  03/04/1995\n    2  30/11/1995\n"), std::string::npos);
+    EXPECT_NE(r.out.find("      ML  03/04/1995  30/11/1995\n"
+                         "   25.00         1.5           0\n"
+                         "   30.00          12           3\n"),
+              std::string::npos)
+        << r.out;
+
+    const auto j = test::RunCli("info --json " + path);
+    ASSERT_EQ(j.exitCode, 0) << j.err;
+    const auto lfq = nlohmann::json::parse(j.out)["lfq"];
+    EXPECT_EQ(lfq["noOfSamples"], 2);
+    EXPECT_EQ(lfq["samples"][1]["date"], "30/11/1995");
+    EXPECT_EQ(lfq["classes"][0]["frequencies"][0], 1.5);
+    EXPECT_EQ(lfq["classes"][1]["midlength"], 30.0);
+}
+
+TEST(LfqInfoCli, ShortMeasuresAreRefused) {
+    test::TempDir dir;
+    const std::string path = TwoSampleFile(dir);
+    WriteDatesOnly(path, {"1/1/1995", "2/1/1995", "3/1/1995"});  // a third sample without data
+    const auto r = test::RunCli("info " + path);
+    EXPECT_EQ(r.exitCode, 2);
+    EXPECT_NE(r.err.find("The file is corrupted or has the wrong data format."), std::string::npos)
+        << r.err;
+}
+
+}  // namespace
+}  // namespace norvo
