@@ -7,7 +7,6 @@
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
-#include <regex>
 
 #include "data/file_kind.h"
 #include "data/schema.h"
@@ -78,6 +77,62 @@ std::string AsText(const FieldValue& v) {
 // ---------------------------------------------------------------------------------------------
 // Dialect
 
+namespace {
+
+// Reads a statement's leading tokens: words, single symbols and names, skipping blanks.
+struct Scanner {
+    const std::string& text;
+    size_t pos = 0;
+
+    static bool IsNameChar(char c) {
+        return std::isalnum(static_cast<unsigned char>(c)) || c == '_';
+    }
+    void blanks() {
+        while (pos < text.size() && std::isspace(static_cast<unsigned char>(text[pos]))) ++pos;
+    }
+    // A keyword, case ignored, not followed by more name characters.
+    bool word(std::string_view w) {
+        blanks();
+        if (text.size() - pos < w.size()) return false;
+        for (size_t i = 0; i < w.size(); ++i) {
+            if (std::toupper(static_cast<unsigned char>(text[pos + i])) != w[i]) return false;
+        }
+        if (pos + w.size() < text.size() && IsNameChar(text[pos + w.size()])) return false;
+        pos += w.size();
+        return true;
+    }
+    bool symbol(char c) {
+        blanks();
+        if (pos >= text.size() || text[pos] != c) return false;
+        ++pos;
+        return true;
+    }
+    // A quoted name ("a ""b""") or a plain one; its text as written, or empty.
+    std::string name() {
+        blanks();
+        const size_t start = pos;
+        if (pos < text.size() && text[pos] == '"') {
+            for (++pos; pos < text.size(); ++pos) {
+                if (text[pos] != '"') continue;
+                if (pos + 1 < text.size() && text[pos + 1] == '"') {
+                    ++pos;
+                    continue;
+                }
+                return text.substr(start, ++pos - start);
+            }
+            pos = start;
+            return {};
+        }
+        if (pos < text.size() &&
+            (std::isalpha(static_cast<unsigned char>(text[pos])) || text[pos] == '_')) {
+            while (pos < text.size() && IsNameChar(text[pos])) ++pos;
+        }
+        return text.substr(start, pos - start);
+    }
+};
+
+}  // namespace
+
 std::string TranslateDialect(const std::string& statement) {
     std::string out;
     out.reserve(statement.size() + 8);
@@ -122,9 +177,12 @@ std::string TranslateDialect(const std::string& statement) {
             out += c;
         }
     }
-    static const std::regex deleteStar(R"(^\s*DELETE\s*\*\s*FROM\b)", std::regex::icase);
-    return std::regex_replace(out, deleteStar, "DELETE FROM",
-                              std::regex_constants::format_first_only);
+    // "DELETE * FROM" -> "DELETE FROM".
+    Scanner sc{out};
+    if (sc.word("DELETE") && sc.symbol('*') && sc.word("FROM")) {
+        return "DELETE FROM" + out.substr(sc.pos);
+    }
+    return out;
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -173,6 +231,7 @@ class Statement {
         // A single statement only: the rest may hold blanks and semicolons, nothing else.
         for (; tail && *tail; ++tail) {
             if (*tail != ';' && !std::isspace(static_cast<unsigned char>(*tail))) {
+                sqlite3_finalize(stmt_);
                 throw StoreError("More than one statement in \"" + sql + "\"");
             }
         }
@@ -595,16 +654,15 @@ Records DataStore::openRecords(const std::string& statementOrTable) {
     auto impl = std::make_unique<Records::Impl>();
     impl->conn = impl_->conn;
     // "SELECT * FROM <table> ..." can be written back: fetch the rowid with each row.
-    static const std::regex selectAll(
-        R"(^\s*SELECT\s+\*\s+FROM\s+("(?:[^"]|"")+"|[A-Za-z_]\w*)([\s\S]*)$)", std::regex::icase);
-    std::smatch m;
     std::unique_ptr<Statement> stmt;
     bool withRowid = false;
-    if (std::regex_match(sql, m, selectAll)) {
+    Scanner sc{sql};
+    std::string table;
+    if (sc.word("SELECT") && sc.symbol('*') && sc.word("FROM") && !(table = sc.name()).empty()) {
         try {
-            stmt =
-                std::make_unique<Statement>(c, "SELECT rowid, * FROM " + m[1].str() + m[2].str());
-            impl->table = UnquoteName(m[1].str());
+            stmt = std::make_unique<Statement>(
+                c, "SELECT rowid, * FROM " + table + sql.substr(sc.pos));
+            impl->table = UnquoteName(table);
             withRowid = true;
         } catch (const StoreError&) {
             stmt.reset();  // no rowid (or not a plain table): read only
