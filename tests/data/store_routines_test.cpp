@@ -159,19 +159,6 @@ TEST_F(RoutinesTest, CreateFromTemplateChecksInOrder) {
     EXPECT_EQ(DataStore::open(dir.file("lower.Sce")).openRecords("Catches").recordCount(), 0);
 }
 
-TEST(PathHelpers, ExistenceAndExtension) {
-    TempDir dir;
-    std::ofstream(dir.file("f.lfq")) << "x";
-    EXPECT_TRUE(FileExists(dir.file("f.lfq")));
-    EXPECT_FALSE(FileExists(dir.path().string()));
-    EXPECT_FALSE(FileExists(dir.file("g.lfq")));
-    EXPECT_TRUE(FolderExists(dir.path().string()));
-    EXPECT_FALSE(FolderExists(dir.file("f.lfq")));
-    EXPECT_EQ(ExtensionOf("/a/b.c/name.tar.lfq"), "lfq");
-    EXPECT_EQ(ExtensionOf("name."), "");
-    EXPECT_EQ(ExtensionOf("name"), "");
-}
-
 // A save that fails halfway leaves the file byte for byte as it was, and no work file behind.
 TEST_F(RoutinesTest, FailedSavesLeaveTheFileUnchanged) {
     const std::string path = samplesFile({1, 2, 3});
