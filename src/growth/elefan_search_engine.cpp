@@ -56,10 +56,10 @@ class EngineScorer : public ElefanFileScorer {
 }  // namespace
 
 std::unique_ptr<ElefanFileScorer> MakeElefanScorer(const LfqData& data) {
-    return MakeElefanScorer(ElefanInputFromLfq(data));
+    return MakeElefanScorerFromInput(ElefanInputFromLfq(data));
 }
 
-std::unique_ptr<ElefanFileScorer> MakeElefanScorer(const ElefanInput& input) {
+std::unique_ptr<ElefanFileScorer> MakeElefanScorerFromInput(const ElefanInput& input) {
     return std::make_unique<EngineScorer>(RestructureElefan(input));
 }
 

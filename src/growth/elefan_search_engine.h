@@ -17,6 +17,6 @@ class ElefanFileScorer : public RnScorer {
 
 // Restructures the file once; the result scores on any number of threads at once.
 std::unique_ptr<ElefanFileScorer> MakeElefanScorer(const LfqData& data);
-std::unique_ptr<ElefanFileScorer> MakeElefanScorer(const ElefanInput& input);
+std::unique_ptr<ElefanFileScorer> MakeElefanScorerFromInput(const ElefanInput& input);
 
 }  // namespace norvo

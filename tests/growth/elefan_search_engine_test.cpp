@@ -73,7 +73,7 @@ TEST(SearchOnEngine, KScanAtTheTrueLooPeaksNearTheTrueK) {
     for (double k : {0.6, 1.0}) {
         Simulation sim;
         sim.k = k;
-        auto scorer = MakeElefanScorer(Simulate(sim));
+        auto scorer = MakeElefanScorerFromInput(Simulate(sim));
         ParallelRn rn(*scorer, 2);
         SearchSink sink;
         const auto [ss, sl] = scorer->defaultStart(static_cast<float>(sim.loo));
@@ -86,7 +86,7 @@ TEST(SearchOnEngine, KScanAtTheTrueLooPeaksNearTheTrueK) {
 
 TEST(SearchOnEngine, ParallelRunsAreBitIdenticalToOneThread) {
     for (const Simulation& sim : ThreeFiles()) {
-        auto scorer = MakeElefanScorer(Simulate(sim));
+        auto scorer = MakeElefanScorerFromInput(Simulate(sim));
         ParallelRn one(*scorer, 1);
         ParallelRn two(*scorer, 2);
         ParallelRn three(*scorer, 3);
@@ -132,7 +132,7 @@ TEST(SearchOnEngine, ParallelRunsAreBitIdenticalToOneThread) {
 
 TEST(SearchOnEngine, SearchImprovesOnItsSeedAndEndsOnTheLastPairTried) {
     Simulation sim;
-    auto scorer = MakeElefanScorer(Simulate(sim));
+    auto scorer = MakeElefanScorerFromInput(Simulate(sim));
     ParallelRn rn(*scorer, 2);
     SearchSink sink;
     AutoSearchInput in;
@@ -156,7 +156,7 @@ TEST(SearchOnEngine, SearchImprovesOnItsSeedAndEndsOnTheLastPairTried) {
 
 TEST(SearchOnEngine, FaultsOfTheEngineEndTheRun) {
     Simulation sim;
-    auto scorer = MakeElefanScorer(Simulate(sim));
+    auto scorer = MakeElefanScorerFromInput(Simulate(sim));
     ParallelRn rn(*scorer, 2);
     SearchSink sink;
     // A surface whose Loo range reaches below the starting length takes the logarithm of a
