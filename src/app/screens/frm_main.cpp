@@ -178,6 +178,30 @@ void FrmMain::buildMenus() {
     for (int i = 0; i < 3; ++i) command("mnuFileMRU", i)->setVisible(false);
     command("mnuFileBar4")->setVisible(false);
 
+    // The Window menu lists the open children below its four commands.
+    QMenu* window = menu(kMenuWindow);
+    connect(window, &QMenu::aboutToShow, this, [this, window] {
+        for (QAction* a : window->actions()) {
+            if (!a->property("windowList").toBool()) continue;
+            window->removeAction(a);
+            a->deleteLater();
+        }
+        const auto subs = mdi_->subWindowList();
+        if (subs.isEmpty()) return;
+        QAction* bar = window->addSeparator();
+        bar->setProperty("windowList", true);
+        for (int i = 0; i < subs.size(); ++i) {
+            QPointer<QMdiSubWindow> sub = subs[i];
+            QAction* a = window->addAction(QString("&%1 %2").arg(i + 1).arg(sub->windowTitle()));
+            a->setProperty("windowList", true);
+            a->setCheckable(true);
+            a->setChecked(sub == mdi_->activeSubWindow());
+            connect(a, &QAction::triggered, this, [this, sub] {
+                if (sub) mdi_->setActiveSubWindow(sub);
+            });
+        }
+    });
+
     for (const char* view : {"mnuViewToolbar", "mnuViewStatusBar"}) {
         command(view)->setCheckable(true);
         command(view)->setChecked(true);

@@ -143,6 +143,7 @@ TEST_F(MainWindowTest, ClosingStoresGeometryAndTheMaximisedAsymmetry) {
 }
 
 TEST_F(MainWindowTest, MenuTreeFromTheRegistry) {
+    main->setScreenFactories({});
     for (const CommandEntry& e : CommandRegistry()) {
         SCOPED_TRACE(MenuKey(e));
         if (e.kind == CommandKind::Menu) {
@@ -159,7 +160,7 @@ TEST_F(MainWindowTest, MenuTreeFromTheRegistry) {
             EXPECT_EQ(a->text().toStdString(), e.caption);
         }
     }
-    // Nothing is built here: every screen entry stands disabled and says it is coming.
+    // With no screen built, every screen entry stands disabled and says it is coming.
     QAction* elefan = main->command("LFMenu", 0);
     EXPECT_FALSE(elefan->isEnabled());
     EXPECT_EQ(elefan->statusTip(), "ELEFAN I is coming in a later version of Norvo II.");
@@ -300,11 +301,16 @@ TEST_F(MainWindowTest, EditorsSetLastActiveAndTheCommandsOnActivation) {
     EXPECT_TRUE(enabled("mnuInsertRow") && enabled("mnuDeleteRow"));
     EXPECT_FALSE(enabled("mnuInsertColumn") || enabled("mnuSampleHeader") ||
                  enabled("mnuTable", 4));
+}
 
-    // Closing an editor writes nothing: the gate still sees its path.
-    main->mdiArea()->activeSubWindow()->close();
+TEST_F(MainWindowTest, ClosingTheLastEditorLeavesItsPathActive) {
+    const std::string path = file("only.lfq");
+    openFile(path);
+    main->runCommand("mnuFileClose");
     QApplication::processEvents();
-    EXPECT_EQ(lastActive(), x);
+    EXPECT_TRUE(main->mdiArea()->subWindowList().isEmpty());
+    EXPECT_EQ(lastActive(), path);  // closing writes nothing: the gate still passes
+    EXPECT_FALSE(enabled("mnuFileSave"));
 }
 
 TEST_F(MainWindowTest, RoutingToTheEditorInFront) {
@@ -334,11 +340,6 @@ TEST_F(MainWindowTest, RoutingToTheEditorInFront) {
     EXPECT_TRUE(dialogs.fileDialogs.back().overwritePrompt);
     EXPECT_EQ(dialogs.fileDialogs.back().filter,
               "Grouped length frequencies (*.lfq)|*.lfq|All Files (*.*)|*.*");
-
-    main->runCommand("mnuFileClose");
-    QApplication::processEvents();
-    EXPECT_TRUE(main->mdiArea()->subWindowList().isEmpty());
-    EXPECT_FALSE(enabled("mnuFileSave"));
 }
 
 TEST_F(MainWindowTest, EditorWhoseFileIsGoneOrNotGrouped) {
