@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "numerics/checked.h"
 #include "numerics/format.h"
@@ -268,7 +269,10 @@ struct Run {
         const double age = when - born;
         if (age <= 0) return std::nullopt;
 
-        // Hazard month by month from birth, at each month's mid-point length.
+        // Alive while u < exp(-hazard), i.e. hazard < -ln u: the hazard is summed month by
+        // month from birth, at each month's mid-point length, and a dead fish stops early.
+        const double u = rng.Uniform();
+        const double limit = u > 0 ? -std::log(u) : std::numeric_limits<double>::infinity();
         const double m = in.yearClasses[group].mortality;
         double hazard = 0;
         for (double start = 0; start < age; start += 1.0 / 12) {
@@ -276,8 +280,8 @@ struct Run {
             const double length = LengthAtAge(p, birthDay, start + step / 2);
             const SelectionRow& area = Migrated(length, threshold) ? *away : *home;
             hazard += (m + area.fmax * SelectionOf(area, length)) * step;
+            if (hazard >= limit) return std::nullopt;
         }
-        if (!(rng.Uniform() < std::exp(-hazard))) return std::nullopt;
 
         SimulatedFish fish;
         fish.length = LengthAtAge(p, birthDay, age);
@@ -307,7 +311,8 @@ SimulationResult Simulate(const SimulationInputs& in) {
     r.ageGroups = in.ageGroups;
     r.classInterval = in.classInterval;
     SimRandom rng(static_cast<uint64_t>(in.seed));
-    const int64_t maxAttempts = static_cast<int64_t>(in.fishPerSample) * kSimAttemptsPerFish;
+    const int64_t maxAttempts =
+        std::min<int64_t>(int64_t{in.fishPerSample} * kSimAttemptsPerFish, kSimMaxAttempts);
     for (SimSet set : {SimSet::Stock, SimSet::Catch}) {
         auto& samples = r.fish[static_cast<size_t>(set)];
         for (const auto& d : r.dates) {

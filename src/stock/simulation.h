@@ -19,7 +19,7 @@
 //    migration a fish starts in "From" and is in "To" while the migration ogive of its length
 //    lies above the fish's own uniform draw: it moves as its length passes that threshold.
 //  - Candidates are drawn until the sample holds "Number of fishes per sample" fish, or
-//    kSimAttemptsPerFish times that number of candidates have been tried.
+//    kSimAttemptsPerFish times that number (at most kSimMaxAttempts) have been tried.
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -40,7 +40,8 @@ inline constexpr const char* kSimDoneText = "Simulation was succesfully complete
 
 inline constexpr int kSimFirstYear = 2001;
 inline constexpr int kSimSampleDay = 15;
-inline constexpr int kSimAttemptsPerFish = 1000;
+inline constexpr int kSimAttemptsPerFish = 200;
+inline constexpr int kSimMaxAttempts = 200000;
 inline constexpr double kSimTwoPi = 6.28318530717958;
 
 // xoshiro256** (Blackman and Vigna), its 256-bit state filled from the seed by SplitMix64.
