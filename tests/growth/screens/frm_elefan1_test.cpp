@@ -1,0 +1,185 @@
+#include "growth/screens/frm_elefan1.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <filesystem>
+
+#include "app/scripted_dialogs.h"
+#include "growth/elefan_search_plot.h"
+#include "numerics/format.h"
+#include "support/test_paths.h"
+
+namespace norvo::gui {
+namespace {
+
+struct FrmElefan1Test : ::testing::Test {
+    Session session;
+    MemorySettingsStore settings;
+    ScriptedDialogs dialogs;
+    ShellContext ctx{session, settings, dialogs, QString()};
+    std::string file = (test::BinDir() / "Data" / "Simull01.LFQ").string();
+    QString status;
+
+    std::unique_ptr<FrmElefan1> Open() {
+        settings.setRunTime(kKeyLastActive, file);
+        ctx.showStatus = [this](const QString& s) { status = s; };
+        return std::make_unique<FrmElefan1>(ctx);
+    }
+    static std::string Text(QLineEdit* e) { return e->text().toStdString(); }
+};
+
+int CountOps(const ChartCanvas& c, DrawOp op, Colour colour) {
+    int n = 0;
+    for (const auto& cmd : c.commands())
+        if (cmd.op == op && cmd.colour == colour) ++n;
+    return n;
+}
+
+TEST_F(FrmElefan1Test, LoadsTheLastActiveFileWithItsDefaults) {
+    auto f = Open();
+    EXPECT_EQ(f->windowTitle().toStdString(), "ELEFAN I [" + file + "]...");
+    EXPECT_EQ(f->tabs()->tabText(0), "&General");
+    EXPECT_EQ(f->tabs()->tabText(3), "&Automatic Search");
+    EXPECT_EQ(Text(f->txtELEFAN1(0)), "Simull01.LFQ");
+    const double lmax = std::stod(Text(f->txtELEFAN1(4)));
+    EXPECT_EQ(Text(f->txtLoo(2)), Format(lmax * 1.05, "0.00"));
+    EXPECT_EQ(Text(f->txtLoo(0)), Format(static_cast<int>(lmax / 2), "0.00"));
+    EXPECT_EQ(Text(f->txtK(1)), "10");
+    EXPECT_EQ(Text(f->txtLoo(4)), "0.10");
+    EXPECT_EQ(f->txtSS()->count(), session.lfqData.noOfSamples);
+    EXPECT_GT(f->txtSL()->count(), 2);
+    EXPECT_FALSE(f->button(4)->isEnabled());
+    f->tabs()->setCurrentIndex(1);
+    EXPECT_TRUE(f->button(4)->isEnabled());
+    EXPECT_FALSE(f->txtSS()->isEnabled());
+    f->chkSP()->setChecked(true);
+    EXPECT_TRUE(f->txtSS()->isEnabled());
+}
+
+TEST_F(FrmElefan1Test, KScanResultsTrendLinePlotAndClearing) {
+    auto f = Open();
+    f->tabs()->setCurrentIndex(1);
+    f->chkSP()->setChecked(true);
+    f->cmdELEFAN1(0);
+    ASSERT_TRUE(f->kscanResult());
+    for (int i = 6; i <= 12; ++i) EXPECT_FALSE(f->txtELEFAN1(i)->text().isEmpty()) << i;
+    EXPECT_EQ(Text(f->txtELEFAN1(6)), Text(f->txtLoo(2)));
+    EXPECT_GT(CountOps(f->kscanCanvas(), DrawOp::Polyline, kRed), 0);
+
+    f->chkELEFAN1()->setChecked(true);
+    EXPECT_FALSE(f->txtELEFAN1(13)->text().isEmpty());
+    EXPECT_GT(CountOps(f->kscanCanvas(), DrawOp::Polyline, kKScanTrendColour), 0);
+    f->hscrELEFAN1()->setValue(9);
+    EXPECT_EQ(CountOps(f->kscanCanvas(), DrawOp::Polyline, kKScanTrendColour), 1);
+    f->chkELEFAN1()->setChecked(false);
+    EXPECT_EQ(CountOps(f->kscanCanvas(), DrawOp::Polyline, kKScanTrendColour), 0);
+
+    f->cmdELEFAN1(4);
+    for (int i = 0; i < 6; ++i)
+        EXPECT_EQ(
+            settings.runTime(
+                std::array{"LastLoo", "LastK", "LastC", "LastWP", "LastSS", "LastSL"}[i], "?"),
+            Text(f->txtELEFAN1(6 + i)));
+    EXPECT_EQ(status.toStdString(), kPlotStoredStatus);
+
+    f->chkELEFAN1()->setChecked(true);
+    f->txtLoo(2)->setText("40");
+    EXPECT_TRUE(f->txtELEFAN1(13)->text().isEmpty());
+    EXPECT_FALSE(f->chkELEFAN1()->isChecked());
+    EXPECT_TRUE(f->kscanCanvas().commands().empty());
+}
+
+TEST_F(FrmElefan1Test, CancelledKScanChangesNothing) {
+    auto f = Open();
+    f->tabs()->setCurrentIndex(1);
+    f->chkSP()->setChecked(true);
+    f->cmdELEFAN1(0);
+    const std::string k = Text(f->txtELEFAN1(7));
+    int steps = 0;
+    f->onStep = [&] {
+        if (++steps == 20) f->requestCancel();
+    };
+    f->txtC(2)->setText("0.5");
+    f->cmdELEFAN1(0);
+    EXPECT_FALSE(f->running());
+    EXPECT_EQ(status.toStdString(), kRunCancelledStatus);
+    EXPECT_EQ(f->kscanResult()->state.c, 0.0f);
+    EXPECT_EQ(Text(f->txtELEFAN1(7)), k);
+    EXPECT_TRUE(f->button(0)->isEnabled());
+    EXPECT_TRUE(f->tabs()->isEnabled());
+}
+
+TEST_F(FrmElefan1Test, SurfaceGridBandsWarningAndClearing) {
+    auto f = Open();
+    f->tabs()->setCurrentIndex(2);
+    f->txtSS2()->setCurrentText("");
+    f->cmdELEFAN1(0);
+    EXPECT_EQ(dialogs.last().title, "Invalid Action");
+    EXPECT_EQ(f->grdELEFAN1()->item(1, 1), nullptr);
+
+    f->txtSS2()->setCurrentText("1");
+    f->txtSL2()->setCurrentText("5.00");
+    f->txtK(0)->setText("0.2");
+    f->txtK(1)->setText("2");
+    f->cmdELEFAN1(0);
+    auto* g = f->grdELEFAN1();
+    ASSERT_NE(g->item(21, 21), nullptr);
+    EXPECT_EQ(g->item(0, 0)->text(), "K\\Loo");
+    EXPECT_EQ(g->item(1, 0)->text(), "0.20");
+    EXPECT_EQ(g->item(21, 0)->text(), "2.00");
+    EXPECT_EQ(g->item(0, 1)->text().toStdString(), Text(f->txtLoo(0)));
+    bool sawRed = false;
+    for (int i = 1; i <= 21; ++i)
+        for (int j = 1; j <= 21; ++j)
+            sawRed |= g->item(i, j)->background().color() == QColor(0xFF, 0, 0);
+    EXPECT_TRUE(sawRed);
+    EXPECT_GT(CountOps(f->surfaceCanvas(), DrawOp::FilledBox, 0xFF0000), 0);
+
+    dialogs.answers.push_back(Answer::No);
+    settings.setRunTime("LastK", "unchanged");
+    f->cmdELEFAN1(4);
+    EXPECT_EQ(dialogs.last().title, "WARNING!");
+    EXPECT_EQ(dialogs.last().buttons, Buttons::YesNo);
+    EXPECT_EQ(settings.runTime("LastK", ""), "unchanged");
+
+    f->txtK(1)->setText("3");
+    EXPECT_EQ(g->item(21, 21), nullptr);
+}
+
+TEST_F(FrmElefan1Test, AutomaticSearchTableAndRefusal) {
+    auto f = Open();
+    f->tabs()->setCurrentIndex(3);
+    f->txtK(2)->setText("0.01");
+    f->cmdELEFAN1(0);
+    EXPECT_EQ(dialogs.last().text, "Please check your input for K (0.01 to 10.0).");
+    EXPECT_EQ(f->spdSearch()->rowCount(), 0);
+
+    f->txtK(2)->setText("1");
+    f->optSearch(1)->setChecked(true);
+    f->sSample()->setCurrentText("1");
+    f->sLength()->setCurrentText("5.00");
+    f->txtLoo(4)->setText("1");
+    f->cmdELEFAN1(0);
+    auto* t = f->spdSearch();
+    ASSERT_GE(t->rowCount(), 1);
+    EXPECT_EQ(t->horizontalHeaderItem(6)->text(), "Rn");
+    const int last = t->rowCount() - 1;
+    EXPECT_EQ(t->item(last, 0)->background().color(), QColor(0xFF, 0xFF, 0));
+    EXPECT_EQ(t->item(last, 0)->foreground().color(), QColor(0xFF, 0, 0));
+    EXPECT_EQ(t->item(0, 4)->text(), "1");
+    EXPECT_EQ(dialogs.last().text, "Search completed.");
+    EXPECT_EQ(dialogs.last().title, "NOTE!");
+    f->cmdELEFAN1(4);
+    EXPECT_EQ(settings.runTime("LastLoo", ""), t->item(last, 0)->text().toStdString());
+}
+
+}  // namespace
+}  // namespace norvo::gui
