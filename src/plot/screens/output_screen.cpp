@@ -27,6 +27,18 @@ QLabel* MakeLabel(const QString& text, QWidget* parent, int pixelSize, bool bold
     return label;
 }
 
+// Lays out a widget and its children top-down. A screen that was never shown gets no resize
+// events, so its nested layouts would otherwise keep their children at the origin.
+void LayOutTree(QWidget* widget) {
+    if (auto* l = widget->layout()) {
+        l->activate();
+        l->setGeometry(widget->rect());
+    }
+    for (QWidget* child : widget->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        LayOutTree(child);
+    }
+}
+
 }  // namespace
 
 bool IsPrintToFile(const QPrinter* printer) {
@@ -136,15 +148,34 @@ void OutputScreen::printPage() {
     if (QPrinter* printer = printer_()) printOn(*printer);
 }
 
-bool OutputScreen::printOn(QPrinter& printer) {
-    if (auto* l = layout()) l->activate();
+void OutputScreen::paintPage(QPainter& painter) {
     ensurePolished();
+    LayOutTree(this);
+    painter.save();
+    painter.fillRect(rect(), Qt::white);
+    // The page is painted from the screen's own layout, label by label, so that printers and
+    // PDF files get real text and lines rather than a snapshot of pixels.
+    for (QLabel* label : findChildren<QLabel*>()) {
+        if (label->text().isEmpty() || !label->isVisibleTo(this)) continue;
+        const QRect box(label->mapTo(this, QPoint(0, 0)), label->size());
+        painter.setFont(label->font());
+        painter.setPen(Qt::black);
+        painter.drawText(
+            box, static_cast<int>(label->alignment()) | (label->wordWrap() ? Qt::TextWordWrap : 0),
+            label->text());
+    }
+    const QRect plot(picOut_->mapTo(this, QPoint(0, 0)), picOut_->size());
+    PaintCanvas(painter, picOut_->canvas(), QRectF(plot));
+    painter.restore();
+}
+
+bool OutputScreen::printOn(QPrinter& printer) {
     QPainter painter;
     if (!painter.begin(&printer)) return false;
     const QRectF pageRect = printer.pageLayout().paintRectPixels(printer.resolution());
     const double scale = std::min(pageRect.width() / width(), pageRect.height() / height());
     painter.scale(scale, scale);
-    render(&painter, QPoint(), QRegion(), QWidget::DrawChildren);
+    paintPage(painter);
     return painter.end();
 }
 

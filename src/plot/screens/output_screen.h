@@ -42,6 +42,8 @@ class OutputScreen : public QWidget, public ReportOutput {
 
     // Paints the page, scaled to fit the printer's page, on `printer`.
     bool printOn(QPrinter& printer);
+    // Paints the page as laid out, in page pixels, with `painter`.
+    void paintPage(QPainter& painter);
     // Replaces the rule that tells a print to a file from printing.
     void setPrintToFileRule(std::function<bool(const QPrinter*)> rule) {
         toFile_ = std::move(rule);

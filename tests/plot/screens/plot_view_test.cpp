@@ -13,6 +13,8 @@ namespace {
 TEST(PlotView, MapsTheMouseToUserCoordinatesAndPicksPoints) {
     PlotView view;
     view.resize(400, 300);
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
     BeginPercentCanvas(view.canvas());
     const UserPoint centre = view.toUser(QPointF(200, 150));
     EXPECT_DOUBLE_EQ(centre.x, 50);
