@@ -277,6 +277,13 @@ TEST(ScoreCurveHit, ClassOfMatchesTheFloatSummedLoop) {
         }
     }
     EXPECT_EQ(checked, 4 * (nC + 1));
+    // The summed top edge falls short of the sample's upper limit, formed from the product:
+    // a length in between lies in no class of the table.
+    const float top = m.classEdge(nC + 1);
+    ASSERT_LT(top, R4(static_cast<double>(m.sampleLastMid(1)) + half));
+    ElefanScratch scratch(m);
+    float esp = 0;
+    EXPECT_THROW(ScoreCurveHit(m, scratch, 1, top, esp), SubscriptFault);
 }
 
 TEST(Walk, EdgesAtAndBelowZero) {
