@@ -339,11 +339,17 @@ QString DataGrid::selectionAsText() const {
         top = bottom = currentRow();
         left = right = currentColumn();
     } else {
-        const auto& r = ranges.front();
-        top = r.topRow();
-        bottom = r.bottomRow();
-        left = r.leftColumn();
-        right = r.rightColumn();
+        // The block that holds every selected range.
+        top = ranges.front().topRow();
+        bottom = ranges.front().bottomRow();
+        left = ranges.front().leftColumn();
+        right = ranges.front().rightColumn();
+        for (const auto& r : ranges) {
+            top = std::min(top, r.topRow());
+            bottom = std::max(bottom, r.bottomRow());
+            left = std::min(left, r.leftColumn());
+            right = std::max(right, r.rightColumn());
+        }
     }
     QStringList lines;
     for (int row = top; row <= bottom; ++row) {
