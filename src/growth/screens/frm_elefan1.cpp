@@ -32,6 +32,8 @@
 #include "numerics/text_convert.h"
 #include "plot/kind_a.h"
 #include "plot/render/canvas_renderer.h"
+#include "plot/report.h"
+#include "plot/screens/output_screen.h"
 
 namespace norvo::gui {
 
@@ -878,6 +880,54 @@ void FrmElefan1::openCommand() {
     Initialize(*path);
 }
 
-void FrmElefan1::reportCommand() {}
+void FrmElefan1::reportCommand() {
+    Elefan1ReportInfo info;
+    info.fileName = txtElefan_[0]->text().toStdString();
+    info.speciesName = txtElefan_[1]->text().toStdString();
+    info.otherIdentifier = txtElefan_[2]->text().toStdString();
+    info.classSize = txtElefan_[3]->text().toStdString();
+    info.largestClassSize = txtElefan_[4]->text().toStdString();
+    info.unit = txtElefan_[5]->text().toStdString();
+    const int tab = tabs_->currentIndex();
+    auto addResult = [&](const char* caption, const QString& value) {
+        if (!value.isEmpty()) info.results.fields.push_back({caption, value.toStdString()});
+    };
+    if (tab == kSurfaceTab) {
+        info.amplitude = txtC_[0]->text().toStdString();
+        info.winterPoint = txtWP_[0]->text().toStdString();
+        if (!surface_) return;
+        std::vector<std::vector<std::string>> table;
+        for (int r = 0; r <= kSurfaceSize; ++r) {
+            std::vector<std::string> row;
+            for (int c = 0; c <= kSurfaceSize; ++c) {
+                const auto* item = grid_->item(r, c);
+                row.push_back(item ? item->text().toStdString() : std::string());
+            }
+            table.push_back(row);
+        }
+        auto* output = new OutputScreen(ctx_.printer);
+        ReportELEFAN1(heatMap_->canvas, *output, ctx_.dialogs, Elefan1ReportMode::SaveSurface, info,
+                      table, RenderedPlotSaver());
+        output->deleteLater();
+        return;
+    }
+    ChartCanvas empty;
+    const ChartCanvas* canvas = &empty;
+    if (tab == kSearchTab) {
+        info.amplitude = txtC_[4]->text().toStdString();
+        info.winterPoint = txtWP_[4]->text().toStdString();
+        const int last = spdSearch_->rowCount() - 1;
+        for (int c = 0; c < 7 && last >= 0; ++c)
+            if (auto* item = spdSearch_->item(last, c)) addResult(kResultLabels[c], item->text());
+    } else {
+        info.amplitude = txtC_[2]->text().toStdString();
+        info.winterPoint = txtWP_[2]->text().toStdString();
+        for (int i = 0; i < 7; ++i) addResult(kResultLabels[i], txtElefan_[6 + i]->text());
+        canvas = &picELEFAN1_->canvas;
+    }
+    auto* output = new OutputScreen(ctx_.printer);
+    ReportELEFAN1(*canvas, *output, ctx_.dialogs, Elefan1ReportMode::Print, info, {},
+                  RenderedPlotSaver());
+}
 
 }  // namespace norvo::gui

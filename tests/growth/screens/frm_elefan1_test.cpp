@@ -11,6 +11,7 @@
 #include <QTabWidget>
 #include <QTableWidget>
 #include <filesystem>
+#include <fstream>
 
 #include "app/scripted_dialogs.h"
 #include "growth/elefan_search_plot.h"
@@ -90,6 +91,10 @@ TEST_F(FrmElefan1Test, KScanResultsTrendLinePlotAndClearing) {
             Text(f->txtELEFAN1(6 + i)));
     EXPECT_EQ(status.toStdString(), kPlotStoredStatus);
 
+    dialogs.printAnswers = {false};
+    f->cmdELEFAN1(1);
+    EXPECT_EQ(dialogs.printDialogs.size(), 1u);
+
     f->chkELEFAN1()->setChecked(true);
     f->txtLoo(2)->setText("40");
     EXPECT_TRUE(f->txtELEFAN1(13)->text().isEmpty());
@@ -149,6 +154,19 @@ TEST_F(FrmElefan1Test, SurfaceGridBandsWarningAndClearing) {
     EXPECT_EQ(dialogs.last().title, "WARNING!");
     EXPECT_EQ(dialogs.last().buttons, Buttons::YesNo);
     EXPECT_EQ(settings.runTime("LastK", ""), "unchanged");
+
+    test::TempDir dir;
+    const std::string tab = dir.file("s.tab"), png = dir.file("s.png");
+    dialogs.saveAnswers = {tab, png};
+    f->cmdELEFAN1(1);
+    EXPECT_EQ(dialogs.last().title, "Data Saved");
+    EXPECT_EQ(dialogs.last().text, "The response surface table was saved in " + tab +
+                                       " and the Response surface plot was saved in " + png + ".");
+    std::ifstream in(tab);
+    std::string first;
+    std::getline(in, first);
+    EXPECT_EQ(first.rfind("K\\Loo\t", 0), 0u);
+    EXPECT_TRUE(std::filesystem::exists(png));
 
     f->txtK(1)->setText("3");
     EXPECT_EQ(g->item(21, 21), nullptr);
