@@ -492,15 +492,19 @@ void FrmElefan1::ReadDefaultsELEFAN() {
 void FrmElefan1::fillLengths(QComboBox* samples, QComboBox* lengths) {
     if (!scorer_) return;
     const RnLayout& lay = scorer_->layout();
-    const int s = static_cast<int>(FieldValue(samples));
     const bool was = filling_;
     filling_ = true;
     lengths->clear();
-    if (s >= 1 && s <= lay.nS) {
-        const float half = R4(lay.ci / 2.0);
-        ForSingle(R4(static_cast<double>(lay.sampleFirstMid[s - 1]) - half),
-                  R4(static_cast<double>(lay.sampleLastMid[s - 1]) + half), half,
-                  [&](float L) { lengths->addItem(Q(Format(L, "0.00"))); });
+    try {
+        const int s = static_cast<int>(FieldValue(samples));
+        if (s >= 1 && s <= lay.nS) {
+            const float half = R4(lay.ci / 2.0);
+            ForSingle(R4(static_cast<double>(lay.sampleFirstMid[s - 1]) - half),
+                      R4(static_cast<double>(lay.sampleLastMid[s - 1]) + half), half,
+                      [&](float L) { lengths->addItem(Q(Format(L, "0.00"))); });
+        }
+    } catch (const Fault&) {
+        // A sample number that is not a number lists no lengths.
     }
     filling_ = was;
 }
@@ -702,21 +706,25 @@ void FrmElefan1::drawKScan() {
 }
 
 void FrmElefan1::KScanSmooth() {
-    if (!kscan_ || picOriginal_.empty()) return;
-    const int w = hscr_->value();
-    const ElefanBest b = norvo::KScanSmooth(kscan_->table, w, FieldValue(txtLoo_[2]),
-                                            FieldValue(txtC_[2]), FieldValue(txtWP_[2]));
-    state_.loo = b.params.loo;
-    state_.k = b.params.k;
-    state_.ss = b.params.ss;
-    state_.sl = b.params.sl;
-    picELEFAN1_->canvas.PutImage(picOriginal_);
-    DrawKScanTrend(picELEFAN1_->canvas, kscan_->table, w);
-    picELEFAN1_->update();
-    const std::array<double, 7> values = {b.params.loo, b.params.k,  b.params.c, b.params.wp,
-                                          b.params.ss,  b.params.sl, b.rn};
-    for (int i = 0; i < 7; ++i)
-        txtElefan_[13 + i]->setText(Q(Format(values[i], kResultFormats[i])));
+    try {
+        if (!kscan_ || picOriginal_.empty()) return;
+        const int w = hscr_->value();
+        const ElefanBest b = norvo::KScanSmooth(kscan_->table, w, FieldValue(txtLoo_[2]),
+                                                FieldValue(txtC_[2]), FieldValue(txtWP_[2]));
+        state_.loo = b.params.loo;
+        state_.k = b.params.k;
+        state_.ss = b.params.ss;
+        state_.sl = b.params.sl;
+        picELEFAN1_->canvas.PutImage(picOriginal_);
+        DrawKScanTrend(picELEFAN1_->canvas, kscan_->table, w);
+        picELEFAN1_->update();
+        const std::array<double, 7> values = {b.params.loo, b.params.k,  b.params.c, b.params.wp,
+                                              b.params.ss,  b.params.sl, b.rn};
+        for (int i = 0; i < 7; ++i)
+            txtElefan_[13 + i]->setText(Q(Format(values[i], kResultFormats[i])));
+    } catch (...) {
+        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
+    }
 }
 
 void FrmElefan1::runSurface() {
