@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDate>
+#include <QFocusEvent>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -241,6 +242,11 @@ void FrmLfq::UpdateClassMidlength() {
 bool FrmLfq::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusOut && !validating_ && !unloading_ &&
         (watched == txtLFQ_[2] || watched == txtLFQ_[3])) {
+        // Leaving the window or opening a popup is not leaving the box.
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason) {
+            return QWidget::eventFilter(watched, event);
+        }
         validateClassBox(watched == txtLFQ_[2] ? 2 : 3);
     } else if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
