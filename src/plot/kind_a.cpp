@@ -10,6 +10,8 @@ namespace norvo {
 
 void BeginPercentCanvas(ChartCanvas& canvas) {
     canvas.Scale(0, 0, 100, 100);
+    // Clearing first drops the previous drawing, so that redrawing does not pile up.
+    canvas.Clear();
     canvas.FilledBox(0, 0, 100, 100, kWhite);
     canvas.SetPen(PenStyle::Solid, 1);
 }

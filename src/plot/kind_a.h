@@ -16,7 +16,7 @@ inline constexpr double kFrameTop = 15.0;     // available height 70
 inline constexpr double kXTitleY = 92.0;
 inline constexpr double kKindALabelSize = 8.0;  // points, labels and titles
 
-// Scale(0, 0, 100, 100), a white page and pen width 1.
+// Scale(0, 0, 100, 100), a cleared white page and pen width 1.
 void BeginPercentCanvas(ChartCanvas& canvas);
 // The customary frame: bottom axis y = 85 from x = 20 to 95, left axis x = 20 from 85 to `top`.
 void DrawPercentFrame(ChartCanvas& canvas, double top = kFrameTop, Colour colour = kBlack);

@@ -11,6 +11,8 @@ TEST(PercentCanvas, BeginsWithAWhitePageAndTheCustomaryFrame) {
     ChartCanvas c;
     BeginPercentCanvas(c);
     DrawPercentFrame(c, kFrameTopTall);
+    BeginPercentCanvas(c);  // a redraw starts from an empty list
+    DrawPercentFrame(c, kFrameTopTall);
     EXPECT_EQ(c.scale(), (UserScale{0, 0, 100, 100}));
     const auto boxes = c.commandsOf(DrawOp::FilledBox);
     ASSERT_EQ(boxes.size(), 1u);
