@@ -122,6 +122,7 @@ ElefanModel RestructureElefan(const ElefanInput& in) {
         in.day.size() < static_cast<size_t>(nS) || in.month.size() < static_cast<size_t>(nS)) {
         throw SubscriptFault("RestructureElefan");
     }
+    if (in.ci == 0) ThrowDivisionByZero();  // every class position divides by CI
     m.nS_ = nS;
     m.nC_ = nC;
     m.firstMid_ = in.firstMid;

@@ -225,6 +225,10 @@ TEST(Restructure, OneClassSamplesEarnNothing) {
     EXPECT_EQ(FaultNumber([&] { ComputeRn(m, p, scratch); }), 11);  // ESP / ASP with ASP 0
 }
 
+TEST(Restructure, ZeroClassIntervalDividesByZero) {
+    EXPECT_EQ(FaultNumber([] { RestructureElefan(MakeInput(10, 0, {{1, 2, 3}}, {{1, 1}})); }), 11);
+}
+
 TEST(ScoreCurveHit, ClassEdgesAndPeakConsumption) {
     // One sample over five classes of 2 from 10: edges 9 11 13 15 17 19.
     const auto m = RestructureElefan(MakeInput(10, 2, {{1, 6, 5, 1, 3}}, {{1, 1}}));
