@@ -40,12 +40,14 @@ FrmAbout::FrmAbout(DialogService& dialogs, QWidget* parent) : QDialog(parent), d
     auto* description = new QLabel(kAboutDescription, this);
     description->setObjectName("lblDescription");
     description->setWordWrap(true);
+    description->setFixedWidth(400);
     auto* line = new QFrame(this);
     line->setFrameShape(QFrame::HLine);
     line->setFrameShadow(QFrame::Sunken);
     auto* warning = new QLabel(kAboutWarning, this);
     warning->setObjectName("lblDisclaimer");
     warning->setWordWrap(true);
+    warning->setFixedWidth(380);
 
     auto* ok = new QPushButton("OK", this);
     ok->setObjectName("cmdOK");
@@ -76,7 +78,8 @@ FrmAbout::FrmAbout(DialogService& dialogs, QWidget* parent) : QDialog(parent), d
     layout->addLayout(top);
     layout->addWidget(line);
     layout->addLayout(bottom);
-    setFixedWidth(520);
+    // Word-wrapped labels of fixed width give the box its size.
+    layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 QString FrmAbout::FindSystemInfoTool() {

@@ -55,18 +55,24 @@ QKeySequence ShortcutOf(const std::string& control) {
     return it == keys.end() ? QKeySequence() : it->second;
 }
 
-QStyle::StandardPixmap IconOf(const std::string& key) {
-    static const std::map<std::string, QStyle::StandardPixmap> icons = {
-        {"New", QStyle::SP_FileIcon},
-        {"Open", QStyle::SP_DialogOpenButton},
-        {"Save", QStyle::SP_DialogSaveButton},
-        {"Print", QStyle::SP_FileDialogDetailedView},
-        {"Cut", QStyle::SP_DialogDiscardButton},
-        {"Copy", QStyle::SP_FileDialogNewFolder},
-        {"Paste", QStyle::SP_DialogApplyButton},
-        {"Help", QStyle::SP_DialogHelpButton},
+// Toolbar pictures: the desktop theme's where it has them, else the style's own; Cut, Copy and
+// Paste show their names when neither has a picture.
+QIcon IconOf(const QStyle* style, const std::string& key) {
+    static const std::map<std::string, std::pair<const char*, int>> icons = {
+        {"New", {"document-new", QStyle::SP_FileIcon}},
+        {"Open", {"document-open", QStyle::SP_DialogOpenButton}},
+        {"Save", {"document-save", QStyle::SP_DialogSaveButton}},
+        {"Print", {"document-print", -1}},
+        {"Cut", {"edit-cut", -1}},
+        {"Copy", {"edit-copy", -1}},
+        {"Paste", {"edit-paste", -1}},
+        {"Help", {"help-contents", QStyle::SP_DialogHelpButton}},
     };
-    return icons.at(key);
+    const auto& [theme, standard] = icons.at(key);
+    QIcon icon = QIcon::fromTheme(theme);
+    if (icon.isNull() && standard >= 0)
+        icon = style->standardIcon(static_cast<QStyle::StandardPixmap>(standard));
+    return icon;
 }
 
 }  // namespace
@@ -228,7 +234,7 @@ void FrmMain::buildToolbar() {
     toolbar_->setIconSize(QSize(20, 20));
     for (const ToolbarButton& b : ToolbarButtons()) {
         if (b.key == "Cut" || b.key == "Help") toolbar_->addSeparator();
-        QAction* a = toolbar_->addAction(style()->standardIcon(IconOf(b.key)), Q(b.key));
+        QAction* a = toolbar_->addAction(IconOf(style(), b.key), Q(b.key));
         a->setObjectName(Q(b.key));
         a->setToolTip(Q(PlainCaption(FindCommand(b.control)->caption)));
         const std::string control = b.control;
@@ -678,7 +684,8 @@ void FrmMain::showHelp(const QString& screenName) {
         helpBrowser_ = browser;
         QMdiSubWindow* sub = mdi_->addSubWindow(browser);
         sub->setAttribute(Qt::WA_DeleteOnClose);
-        sub->resize(680, 520);
+        sub->resize(std::min(680, mdi_->viewport()->width()),
+                    std::min(520, mdi_->viewport()->height()));
         sub->show();
     }
     browser->navigate(page);
