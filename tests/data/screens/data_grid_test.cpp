@@ -4,8 +4,10 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPrinter>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -136,6 +138,14 @@ TEST_F(DataGridTest, TabDelimitedSaveAndTableMenu) {
     QFile f(path);
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
     EXPECT_EQ(QString::fromUtf8(f.readAll()), "ML\t1/2/2000\t3/4/2000\n10.00\t4\t\n\t\t\n\t\t\n");
+
+    // Printing goes through the same table; a PDF printer shows that it produces pages.
+    QPrinter printer(QPrinter::ScreenResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    const QString pdf = QString::fromStdString(dir.file("g.pdf"));
+    printer.setOutputFileName(pdf);
+    grid.print(printer, true, true, "Report");
+    EXPECT_GT(QFileInfo(pdf).size(), 0);
 
     QStringList captions;
     for (QAction* a : grid.tableMenu()->actions()) captions << a->text();
