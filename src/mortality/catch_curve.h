@@ -1,0 +1,183 @@
+#pragma once
+// Length-converted catch curve: total mortality Z from a grouped length-frequency file and a
+// set of growth parameters, and the probabilities of capture extrapolated from its line.
+// Arrays of a run are 1-based by class (index 0 unused) so that the class numbers shown to the
+// user are the indexes used here.
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "app/user_notice.h"
+#include "data/lfq_data.h"
+#include "numerics/regression.h"
+
+namespace norvo {
+
+// Notice texts.
+inline constexpr const char* kCcInvalidLooText =
+    "The input for the asymptotic length (Loo) is invalid. Please check input.";
+inline constexpr const char* kCcInvalidKText =
+    "The input for the VBGF growth constant (K) is invalid. Please check input.";
+inline constexpr const char* kCcInvalidT0Text =
+    "The input for the t0 parameter is invalid. Please check input.";
+inline constexpr const char* kCcInvalidWpText =
+    "The input for the seasonalised VBGF winter point (WP) parameter is invalid. Please check "
+    "input.";
+inline constexpr const char* kCcInvalidCText =
+    "The input for the seasonalised VBGF amplitude of oscillation (C) parameter is invalid. "
+    "Please check input.";
+inline constexpr const char* kCcInvalidInputTitle = "Invalid Input";
+inline constexpr const char* kCcLooBelowDataText =
+    "You have entered an invalid value for the Loo parameter. Please check.";
+inline constexpr const char* kCcInvalidActionTitle = "Invalid Action";
+inline constexpr const char* kCcNoDataSelectedText =
+    "No data was selected. Please select a data in the 'DATA' tab to include in the analysis to "
+    "continue.";
+inline constexpr const char* kCcNotEnoughDataTitle = "Not Enough Data";
+inline constexpr const char* kCcNoLineFromDataText =
+    "No regression line can be estimated from the data points.";
+inline constexpr const char* kCcFewerThanThreeText =
+    "No regression line can be estimated for less than 3 points.";
+inline constexpr const char* kCcNoticeTitle = "Notice";
+inline constexpr const char* kCcEmptySampleTitle = "Invalid Data";
+inline constexpr const char* kCcTemperatureTitle = "Invalid Data";
+inline constexpr const char* kCcTooColdText = "The temperature is too cold. Please check input.";
+inline constexpr const char* kCcTooWarmText = "The temperature is too warm. Please check input.";
+inline constexpr const char* kCcMissingInputText =
+    "A required inputs is missing or invalid. Please check.";
+inline constexpr const char* kCcMAboveZTitle = "Invalid Data";
+inline constexpr const char* kCcMAboveZText =
+    "Please note that M entered is > Z, suggesting either: (i) wrong value of M, (ii) small "
+    "animals have a higher mortality, (iii) wrong selection of points for catch curve, or (iv) "
+    "assumptions of catch curve are not met.";
+inline constexpr const char* kCcNoSelectionTitle = "No Selection";
+inline constexpr const char* kCcNoSelectionText =
+    "Position the cursor to the desired point that should be selected and click the mouse.";
+inline constexpr const char* kCcResetFirstText =
+    "Please click the <Reset Selections> command button to reselect points to include in the "
+    "analysis.";
+inline constexpr const char* kCcTooFewPickedText =
+    "More than 2 data points are required for this method. Selection will be reset.";
+inline constexpr const char* kCcSelectingTitle = "Selecting Data Points";
+inline constexpr const char* kCcSelectingText =
+    "Select only the first and last data points in the graph by clicking on the plotted data "
+    "points.";
+inline constexpr const char* kCcHelpTitle = "Help Message";
+inline constexpr const char* kCcTemporalHelpText =
+    "Temporal weighting will weight each sample by a factor proportional to the time separating "
+    "it from the nearest other sample. This gives more emphasis to sample representing larger "
+    "periods and less to samples collected at close intervals.";
+inline constexpr const char* kCcTitle = "Length-Converted Catch Curve";
+inline constexpr const char* kCcReportTitle = "Lenght-Converted Catch Curve";
+inline constexpr const char* kCcYLabelPlain = "ln(N/dt)";
+inline constexpr const char* kCcYLabelSeasonal = "ln(N)";
+inline constexpr const char* kCcXLabelRelative = "Relative age (years-t0)";
+inline constexpr const char* kCcXLabelAbsolute = "Absolute age (years)";
+
+// Axis labels: ln(N/dt) or ln(N); relative age when t0 is 0, absolute otherwise.
+inline const char* CatchCurveYLabel(double c) {
+    return c == 0 ? kCcYLabelPlain : kCcYLabelSeasonal;
+}
+inline const char* CatchCurveXLabel(double t0) {
+    return t0 == 0 ? kCcXLabelRelative : kCcXLabelAbsolute;
+}
+
+// "A zero frequency for age group <i> is compensated for by ..."
+std::string ZeroCompensationText(int cls);
+// The refusal of a sample without fish under the percent or square-root transformation.
+std::string EmptySampleText(int sampleNo);
+// "Estimation of probability of capture not applicable. ... enter Z=<z> ..."
+std::string SeasonalExtrapolationText(double z);
+
+// Age helpers, in 64-bit floats.
+// -9999 at or above Loo; otherwise -ln(1 - L/Loo)/K - t0.
+double AgeOfLength(double length, double loo, double k, double t0);
+// Time to grow from L1 to L2; -1 when L2 >= Loo or L1 >= L2.
+double ClassDuration(double l1, double l2, double loo, double k);
+// Durations of the classes from `lower` in steps of w below Loo, element i (1-based) at index i.
+std::vector<double> ClassDurations(double lower, double w, double loo, double k);
+// Ages of the class midpoints, same count and indexing as ClassDurations.
+std::vector<double> MidpointAges(double lower, double w, double loo, double k, double t0);
+// Seasonal age of a length by step search, in 32-bit floats; negative (callers negate it).
+// Raises the arithmetic fault if the search does not settle.
+float SeasonalAgeOfLength(float length, float tS, float loo, float k, float c, float wp);
+
+// Sample transformations by kind: 1 raw, 2 percent of the sample total, 3 divided by the square
+// root of the sample total. freq[c][s] as in LfqData.
+enum class CcTransform : int { Raw = 1, Percent = 2, SquareRoot = 3 };
+void TransformSamples(std::vector<std::vector<double>>& freq, CcTransform kind);
+// Day number of a sample: days before its month plus its day.
+int SampleDayNumber(const LfqData& data, int s);
+// Temporal weight sqrt(d) of every sample (0-based), d the distance to the nearer neighbour.
+std::vector<double> TemporalWeights(const LfqData& data);
+
+// Growth parameters as typed; an optional field empty or "NotSet" is skipped. Shows the notice
+// of the first fault and returns false.
+struct GrowthFields {
+    std::string loo, k, c, wp, t0;
+};
+bool ValidateGrowthParams(const GrowthFields& f, bool looRequired, bool kRequired,
+                          DialogService& dialogs);
+
+struct CatchCurveOptions {
+    double loo = 0, k = 0, c = 0, wp = 0, t0 = 0;
+    std::vector<bool> selected;  // by sample, 0-based; empty selects all
+    CcTransform transform = CcTransform::Raw;
+    bool temporal = false;
+};
+
+// One run of the catch curve. Arrays are 1-based, sized nC + 1.
+struct CatchCurveRun {
+    bool usable = false;  // false when the run was stopped by a notice
+    bool seasonal = false;
+    double loo = 0, k = 0, c = 0, wp = 0, t0 = 0;
+    double lower = 0, w = 0, firstMid = 0;
+    int nC = 0;
+    std::vector<float> X, Y, N;
+    std::vector<double> dt;
+    int firstClass = 0, lastClass = 0;
+    int firstPoint = 0, lastPoint = 0;
+    RegressionResult fit;
+};
+
+// Steps of the catch curve from the pooled numbers to ln(N/dt) against age, with every notice.
+// `data` is the file as read; growth values are taken as already validated.
+CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& options,
+                               DialogService& dialogs);
+// The default stretch by exhaustive search scored by F; leaves the points at 0 when nothing
+// scores.
+void ComputeDefaultPoints(CatchCurveRun& run);
+// Fits the stretch firstPoint..lastPoint into run.fit.
+void FitPoints(CatchCurveRun& run);
+inline double CatchCurveZ(const CatchCurveRun& run) {
+    return -run.fit.b();
+}
+
+// Plot frame of the catch curve (world 0..100).
+struct CcScale {
+    double yMin = 0, yMax = 0, yScale = 0, xMax = 0, xScale = 0, yStep = 0, xStep = 0;
+};
+// The scale over FirstClass..LastClass of the given ordinates (extra values widen it).
+CcScale CatchCurveScale(const CatchCurveRun& run, const std::vector<float>& extraY = {});
+
+// Natural mortality from temperature: the correction of cold temperatures and Pauly's formula
+// in natural logarithms.
+double CorrectedTemperature(double t);
+double PaulyM(double loo, double k, double correctedT);
+// Checks a temperature; shows the notice and returns false when out of -2..31.
+bool CheckTemperature(double t, DialogService& dialogs);
+// The Proceed check: Z > 0 and M > 0 (notice, false), and the M > Z warning (true).
+bool CheckMortalities(double z, double m, DialogService& dialogs);
+
+// Probabilities of capture by back-extrapolation with a ramp of mortality from M to Z.
+struct Extrapolation {
+    double z = 0, m = 0, t = 0;
+    std::vector<double> ne;          // expected numbers, 1..firstPoint
+    std::vector<float> yExtra;       // extrapolated ln(Ne/dt), 1..firstPoint - 1
+    std::vector<float> probability;  // by class, 1..nC
+};
+Extrapolation ExtrapolateProb(const CatchCurveRun& run, double z, double m, double t);
+// "(for Z=...; M (at ...ºC)=...; F=...; E=...)"
+std::string ExtrapolationSubtitle(const Extrapolation& e);
+
+}  // namespace norvo

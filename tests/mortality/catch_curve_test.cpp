@@ -1,0 +1,297 @@
+#include "mortality/catch_curve.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "app/scripted_dialogs.h"
+#include "numerics/fault.h"
+#include "stock/simulation.h"
+
+namespace norvo {
+namespace {
+
+// One-sample file (or several, one column each) with the given frequencies by class.
+LfqData MakeLfq(double firstMid, double w, const std::vector<std::vector<double>>& samples,
+                std::vector<int16_t> days = {}, std::vector<int16_t> months = {}) {
+    LfqData d;
+    d.smallestMl = firstMid;
+    d.classInterval = w;
+    d.noOfSamples = static_cast<int32_t>(samples.size());
+    d.noOfClasses = static_cast<int32_t>(samples.front().size());
+    d.freq.assign(samples.front().size(), std::vector<double>(samples.size()));
+    for (size_t s = 0; s < samples.size(); ++s)
+        for (size_t c = 0; c < samples[s].size(); ++c) d.freq[c][s] = samples[s][c];
+    for (size_t s = 0; s < samples.size(); ++s) {
+        d.day.push_back(s < days.size() ? days[s] : 15);
+        d.month.push_back(s < months.size() ? months[s] : static_cast<int16_t>(s % 12 + 1));
+        d.year.push_back(2001);
+    }
+    return d;
+}
+
+CatchCurveOptions Plain(double loo, double k, double t0 = 0) {
+    CatchCurveOptions o;
+    o.loo = loo;
+    o.k = k;
+    o.t0 = t0;
+    return o;
+}
+
+std::vector<std::string> Texts(const ScriptedDialogs& d) {
+    std::vector<std::string> t;
+    for (const auto& n : d.shown) t.push_back(n.text);
+    return t;
+}
+
+TEST(CatchCurveAges, AgeAndDurationEdges) {
+    EXPECT_EQ(AgeOfLength(50, 50, 1, 0), -9999);
+    EXPECT_EQ(AgeOfLength(60, 50, 1, 0), -9999);
+    // A positive t0 makes the fish younger.
+    EXPECT_NEAR(AgeOfLength(25, 50, 0.5, 0), 2 * std::log(2.0), 1e-12);
+    EXPECT_NEAR(AgeOfLength(25, 50, 0.5, 1), 2 * std::log(2.0) - 1, 1e-12);
+    EXPECT_EQ(ClassDuration(10, 50, 50, 1), -1);
+    EXPECT_EQ(ClassDuration(20, 20, 50, 1), -1);
+    // Durations stop below Loo: (50 - 10)/15 gives two whole classes.
+    const auto dt = ClassDurations(10, 15, 50, 1);
+    ASSERT_EQ(dt.size(), 3u);
+    EXPECT_NEAR(dt[1], std::log(40.0 / 25.0), 1e-12);
+    EXPECT_NEAR(dt[2], std::log(25.0 / 10.0), 1e-12);
+}
+
+TEST(CatchCurveAges, SeasonalAgeMatchesPlainAgeWithoutOscillation) {
+    const float t = SeasonalAgeOfLength(25, 0.3f, 50, 0.5f, 0, 0);
+    EXPECT_NEAR(-t, 2 * std::log(2.0) - 0.3, 2e-4);
+    const float ts = SeasonalAgeOfLength(25, 0.3f, 50, 0.5f, 0.8f, 0.2f);
+    EXPECT_LT(ts, 0);
+}
+
+TEST(CatchCurveSamples, TransformAndTemporalWeights) {
+    std::vector<std::vector<double>> f = {{1, 10}, {3, 30}};
+    auto pct = f;
+    TransformSamples(pct, CcTransform::Percent);
+    EXPECT_DOUBLE_EQ(pct[0][0], 25);
+    EXPECT_DOUBLE_EQ(pct[1][1], 75);
+    auto root = f;
+    TransformSamples(root, CcTransform::SquareRoot);
+    EXPECT_DOUBLE_EQ(root[1][0], 300 / 2.0);
+
+    // One sample on 15 March: prev 0, next its own day plus 365; the nearer is day 74.
+    const auto one = TemporalWeights(MakeLfq(10, 1, {{1, 2, 3}}, {15}, {3}));
+    ASSERT_EQ(one.size(), 1u);
+    EXPECT_DOUBLE_EQ(one[0], std::sqrt(74.0));
+    // 10 January and 20 December: the last wraps to the first plus 365.
+    const auto two = TemporalWeights(MakeLfq(10, 1, {{1, 2, 3}, {1, 2, 3}}, {10, 20}, {1, 12}));
+    EXPECT_DOUBLE_EQ(two[0], std::sqrt(10.0));
+    EXPECT_DOUBLE_EQ(two[1], std::sqrt(21.0));
+}
+
+TEST(CatchCurveValidation, GrowthFieldsStopAtFirstFault) {
+    ScriptedDialogs d;
+    EXPECT_TRUE(ValidateGrowthParams({"50", "0.5", "", "NotSet", ""}, true, true, d));
+    EXPECT_FALSE(ValidateGrowthParams({"", "0.5", "", "", ""}, true, true, d));
+    EXPECT_EQ(d.last().text, kCcInvalidLooText);
+    EXPECT_FALSE(ValidateGrowthParams({"50", "x", "", "", "y"}, true, true, d));
+    EXPECT_EQ(d.last().text, kCcInvalidKText);
+    EXPECT_FALSE(ValidateGrowthParams({"50", "1", "2", "", ""}, true, true, d));
+    EXPECT_EQ(d.last().text, kCcInvalidCText);
+    EXPECT_FALSE(ValidateGrowthParams({"50", "1", "", "1.5", ""}, true, true, d));
+    EXPECT_EQ(d.last().text, kCcInvalidWpText);
+    EXPECT_EQ(d.shown.size(), 4u);
+}
+
+TEST(CatchCurveRefusals, CutAtLooAndTooFewClasses) {
+    ScriptedDialogs d;
+    // Every class lies above 99.9% of Loo.
+    auto run = CatchCurveMethod(MakeLfq(20, 0.02, {{5, 4, 3}}), Plain(20, 1), d);
+    EXPECT_FALSE(run.usable);
+    EXPECT_EQ(d.last().text, kCcNoLineFromDataText);
+    EXPECT_EQ(d.last().title, kCcNotEnoughDataTitle);
+    // Upper limits 4, 8, 12 of Loo 10: two classes survive the cut.
+    run = CatchCurveMethod(MakeLfq(2, 4, {{9, 8, 7, 6, 5}}), Plain(10, 1), d);
+    EXPECT_FALSE(run.usable);
+    EXPECT_EQ(run.lastClass, 2);
+    EXPECT_EQ(d.last().text, kCcFewerThanThreeText);
+    // First midlength above Loo.
+    CatchCurveMethod(MakeLfq(30, 1, {{1, 2, 3}}), Plain(20, 1), d);
+    EXPECT_EQ(d.last().text, kCcLooBelowDataText);
+    // Nothing selected.
+    auto o = Plain(100, 0.5);
+    o.selected = {false};
+    CatchCurveMethod(MakeLfq(10, 5, {{1, 2, 3}}), o, d);
+    EXPECT_EQ(d.last().text, kCcNoDataSelectedText);
+    // A sample without fish cannot be expressed as a percentage, even when not selected.
+    o.selected = {true, false};
+    o.transform = CcTransform::Percent;
+    CatchCurveMethod(MakeLfq(10, 5, {{1, 2, 3}, {0, 0, 0}}), o, d);
+    EXPECT_EQ(d.last().text, EmptySampleText(2));
+}
+
+TEST(CatchCurveZeros, SingleZeroAndRunOfThree) {
+    const double lower = 10, w = 5, loo = 100, k = 0.5;
+    const auto dt = ClassDurations(lower, w, loo, k);
+    {
+        ScriptedDialogs d;
+        auto run = CatchCurveMethod(MakeLfq(12.5, w, {{100, 80, 0, 50, 30, 20}}), Plain(loo, k), d);
+        ASSERT_TRUE(run.usable);
+        EXPECT_EQ(Texts(d), std::vector<std::string>{ZeroCompensationText(3)});
+        EXPECT_FLOAT_EQ(run.N[2], 60);
+        EXPECT_FLOAT_EQ(run.N[4], 37.5);
+        EXPECT_FLOAT_EQ(run.N[3], 32.5);
+        EXPECT_NEAR(std::exp(run.Y[2]), 0.75 * 80 / dt[2], 1e-3 * 80 / dt[2]);
+        EXPECT_NEAR(std::exp(run.Y[3]), (80 / dt[2] + 50 / dt[4]) / 4, 1e-3 * 80 / dt[2]);
+    }
+    {
+        ScriptedDialogs d;
+        auto run =
+            CatchCurveMethod(MakeLfq(12.5, w, {{100, 80, 0, 0, 0, 40, 30}}), Plain(loo, k), d);
+        ASSERT_TRUE(run.usable);
+        EXPECT_EQ(Texts(d), std::vector<std::string>{ZeroCompensationText(3)});
+        for (int i = 3; i <= 5; ++i) EXPECT_FLOAT_EQ(run.N[i], 10);
+        EXPECT_FLOAT_EQ(run.N[6], 30);
+    }
+}
+
+TEST(CatchCurveRun, LeadingAndTrailingZerosBoundTheClasses) {
+    ScriptedDialogs d;
+    auto run = CatchCurveMethod(MakeLfq(12.5, 5, {{0, 0, 90, 70, 40, 20, 0}}), Plain(100, 0.5), d);
+    ASSERT_TRUE(run.usable);
+    EXPECT_EQ(run.firstClass, 3);
+    EXPECT_EQ(run.lastClass, 6);
+    EXPECT_TRUE(d.shown.empty());
+}
+
+TEST(CatchCurveDefaultPoints, RisingCurveLeavesPointsUnset) {
+    ScriptedDialogs d;
+    auto run =
+        CatchCurveMethod(MakeLfq(12.5, 5, {{1, 10, 100, 1000, 10000, 100000}}), Plain(100, 0.5), d);
+    ASSERT_TRUE(run.usable);
+    ComputeDefaultPoints(run);
+    EXPECT_EQ(run.firstPoint, 0);
+    EXPECT_EQ(run.lastPoint, 0);
+}
+
+TEST(CatchCurveRun, TZeroShiftsAgesAndLabel) {
+    ScriptedDialogs d;
+    const auto file = MakeLfq(12.5, 5, {{100, 80, 60, 40, 30, 20}});
+    auto plain = CatchCurveMethod(file, Plain(100, 0.5, 0), d);
+    auto shifted = CatchCurveMethod(file, Plain(100, 0.5, 1), d);
+    for (int i = 1; i <= 6; ++i) {
+        EXPECT_NEAR(shifted.X[i], plain.X[i] - 1, 1e-5);
+        EXPECT_FLOAT_EQ(shifted.Y[i], plain.Y[i]);
+    }
+    EXPECT_STREQ(CatchCurveXLabel(1), "Absolute age (years)");
+    EXPECT_STREQ(CatchCurveXLabel(0), "Relative age (years-t0)");
+}
+
+TEST(CatchCurveSeasonal, UsesDeselectedSamplesAndRefusesExtrapolation) {
+    ScriptedDialogs d;
+    const auto file = MakeLfq(12.5, 5, {{5, 30, 60, 40, 20, 10, 5}, {2, 20, 50, 50, 30, 10, 2}},
+                              {15, 15}, {3, 9});
+    auto o = Plain(100, 0.5);
+    o.c = 0.5;
+    o.wp = 0.2;
+    auto all = CatchCurveMethod(file, o, d);
+    o.selected = {true, false};
+    auto one = CatchCurveMethod(file, o, d);
+    ASSERT_TRUE(all.usable);
+    EXPECT_TRUE(all.seasonal);
+    EXPECT_EQ(all.lastClass, one.lastClass);
+    for (int i = all.firstClass; i <= all.lastClass; ++i) EXPECT_FLOAT_EQ(all.Y[i], one.Y[i]);
+    EXPECT_FLOAT_EQ(all.X[1], 0);
+    EXPECT_STREQ(CatchCurveYLabel(0.5), "ln(N)");
+    EXPECT_EQ(SeasonalExtrapolationText(0.8),
+              "Estimation of probability of capture not applicable. To estimate probabilities of "
+              "capture redo analysis, with C = 0, but enter Z=0.80 when this input is "
+              "requested.");
+}
+
+TEST(CatchCurveMortality, TemperatureAndPauly) {
+    EXPECT_NEAR(CorrectedTemperature(2), 6.3885032, 1e-6);
+    EXPECT_DOUBLE_EQ(CorrectedTemperature(20), 20);
+    EXPECT_NEAR(PaulyM(30, 0.5, 20), 0.97099382, 1e-7);
+    ScriptedDialogs d;
+    EXPECT_FALSE(CheckTemperature(-2.5, d));
+    EXPECT_EQ(d.last().text, kCcTooColdText);
+    EXPECT_FALSE(CheckTemperature(31.5, d));
+    EXPECT_EQ(d.last().text, kCcTooWarmText);
+    EXPECT_TRUE(CheckTemperature(31, d));
+    EXPECT_FALSE(CheckMortalities(0, 0.5, d));
+    EXPECT_EQ(d.last().text, kCcMissingInputText);
+    // M above Z warns and lets the run go on.
+    EXPECT_TRUE(CheckMortalities(0.5, 0.8, d));
+    EXPECT_EQ(d.last().text, kCcMAboveZText);
+}
+
+TEST(CatchCurveExtrapolation, BackwardFromFirstPoint) {
+    ScriptedDialogs d;
+    auto run =
+        CatchCurveMethod(MakeLfq(12.5, 5, {{20, 60, 100, 80, 60, 40, 30, 20}}), Plain(100, 0.5), d);
+    ASSERT_TRUE(run.usable);
+    ComputeDefaultPoints(run);
+    ASSERT_GE(run.firstPoint, 2);
+    FitPoints(run);
+    const double z = CatchCurveZ(run);
+    EXPECT_GT(z, 0);
+    const double m = z / 2;
+    const auto e = ExtrapolateProb(run, z, m, 20);
+    const int f = run.firstPoint;
+    EXPECT_NEAR(e.ne[f], std::exp(-z * run.X[f] + run.fit.a()) * run.dt[f], 1e-6 * e.ne[f]);
+    // The ramp runs from M at class 0 up to Z at the first point.
+    const double step = (z - m) / f;
+    const double zmid = ((f * step + m) + ((f - 1) * step + m)) / 2;
+    EXPECT_NEAR(e.ne[f - 1], e.ne[f] * std::exp((run.X[f] - run.X[f - 1]) * zmid),
+                1e-6 * e.ne[f - 1]);
+    for (int i = f; i <= run.nC; ++i) EXPECT_EQ(e.probability[i], 1.f);
+    for (int i = 1; i < f; ++i) {
+        EXPECT_NEAR(e.probability[i], std::exp(run.Y[i]) * run.dt[i] / e.ne[i], 1e-5);
+        EXPECT_LT(e.probability[i], 1.f);
+    }
+    EXPECT_EQ(ExtrapolationSubtitle({1.2, 0.4, 25, {}, {}, {}}),
+              "(for Z=1.20; M (at 25.0\u00baC)=0.40; F=0.80; E=0.67)");
+}
+
+// A stock with constant recruitment, knife-edge selection and known Z gives that Z back.
+TEST(CatchCurveMeaning, SimulatedStockGivesItsZ) {
+    SimulationInputs in = DefaultSimulationInputs();
+    in.samples = 12;
+    in.fishPerSample = 1500;
+    in.classInterval = 1;
+    in.ageGroups = 6;
+    in.loo = 60;
+    in.looCv = 0;
+    in.k = 0.5;
+    in.kCv = 0;
+    in.recruitment.fill(1.0);
+    in.yearClasses = ResizeYearClasses({}, 6);
+    for (auto& yc : in.yearClasses) {
+        yc.strength = 1;
+        yc.mortality = 0.4;
+    }
+    in.selection = {SelectionRow{"A", 20.0, 20.01, 0, 0, 0.6, true}};
+    ASSERT_FALSE(CheckSimulationInputs(in).has_value());
+    const auto result = Simulate(in);
+    const auto table = LengthFreq(result, SimSet::Catch);
+
+    LfqData d;
+    d.smallestMl = table.smallestMl;
+    d.classInterval = table.classInterval;
+    d.noOfClasses = table.classes;
+    d.noOfSamples = in.samples;
+    d.freq = table.freq;
+    for (const auto& date : result.dates) {
+        d.day.push_back(static_cast<int16_t>(date.day));
+        d.month.push_back(static_cast<int16_t>(date.month));
+        d.year.push_back(static_cast<int16_t>(date.year));
+    }
+    ScriptedDialogs dialogs;
+    auto run = CatchCurveMethod(d, Plain(60, 0.5), dialogs);
+    ASSERT_TRUE(run.usable);
+    ComputeDefaultPoints(run);
+    ASSERT_GT(run.firstPoint, 0);
+    FitPoints(run);
+    EXPECT_NEAR(CatchCurveZ(run), 1.0, 0.1);
+}
+
+}  // namespace
+}  // namespace norvo
