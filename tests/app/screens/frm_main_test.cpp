@@ -311,6 +311,14 @@ TEST_F(MainWindowTest, ClosingTheLastEditorLeavesItsPathActive) {
     EXPECT_TRUE(main->mdiArea()->subWindowList().isEmpty());
     EXPECT_EQ(lastActive(), path);  // closing writes nothing: the gate still passes
     EXPECT_FALSE(enabled("mnuFileSave"));
+
+    // Exit closes the children first, then the main window.
+    openFile(path);
+    openFile(path);  // the same file twice: two editors, no warning
+    EXPECT_EQ(main->mdiArea()->subWindowList().size(), 2);
+    main->runCommand("mnuFileExit");
+    EXPECT_FALSE(main->isVisible());
+    EXPECT_EQ(settings.get("Norvo II", "Settings", "WindowState", ""), "0");
 }
 
 TEST_F(MainWindowTest, RoutingToTheEditorInFront) {
