@@ -1,5 +1,6 @@
 #include "selection/selection.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "data/record_kinds.h"
@@ -19,6 +20,22 @@ float& Cell(std::vector<float>& v, int i) {
 
 std::string LengthClassesLabel(const std::string& unit) {
     return "Length Classes (" + unit + ")";
+}
+
+SelectionInput SelectionInputFromPrb(const std::vector<float>& length,
+                                     const std::vector<float>& probability) {
+    SelectionInput in;
+    in.nC = static_cast<int>(std::min(length.size(), probability.size()));
+    if (in.nC == 0) throw SubscriptFault("probabilities");
+    in.firstMid = length[0];
+    in.w = in.nC > 1 ? length[1] - length[0] : 1;
+    in.probability = {0.f};
+    in.probability.insert(in.probability.end(), probability.begin(), probability.begin() + in.nC);
+    in.firstClass = 1;
+    while (in.firstClass < in.nC && !(in.probability[in.firstClass] > 0)) ++in.firstClass;
+    in.firstPoint = in.firstClass;
+    while (in.firstPoint < in.nC && in.probability[in.firstPoint] < 1) ++in.firstPoint;
+    return in;
 }
 
 LogitPoints MakeLogitPoints(SelectionInput& in) {

@@ -45,6 +45,11 @@ struct SelectionInput {
     double midlength(int i) const { return (i - 1) * w + firstMid; }
 };
 
+// The input from a probabilities file: the first class is the first with a probability above
+// 0, the first point the first from there with a probability of 1 (the last class if none).
+SelectionInput SelectionInputFromPrb(const std::vector<float>& length,
+                                     const std::vector<float>& probability);
+
 // Logit points: index 0 is the leading point at firstMid - w (logit 0), then firstClass..nC.
 struct LogitPoints {
     std::vector<float> logit, x;

@@ -1,0 +1,205 @@
+// norvo-cli catchcurve FILE.lfq --loo L --k K [...]: total mortality from the length-converted
+// catch curve, and with --extrapolate the probabilities of capture.
+#include <memory>
+#include <optional>
+#include <sstream>
+
+#include "cli/cli_support.h"
+#include "data/lfq_file.h"
+#include "mortality/catch_curve.h"
+#include "numerics/format.h"
+#include "numerics/text_convert.h"
+
+namespace norvo::cli {
+namespace {
+
+struct CatchCurveCliOptions {
+    std::string path;
+    std::string loo, k, c = "0", wp = "0", t0 = "0";
+    std::vector<int> samples;
+    std::string transform = "raw";
+    bool temporal = false;
+    std::string points;
+    bool extrapolate = false;
+    std::optional<double> z, m, temperature;
+};
+
+nlohmann::json Floats(const std::vector<float>& v, int first, int last) {
+    nlohmann::json a = nlohmann::json::array();
+    for (int i = first; i <= last && i < static_cast<int>(v.size()); ++i) a.push_back(v[i]);
+    return a;
+}
+
+std::vector<std::string> NoticeTexts(const ScriptedDialogs& d, size_t from) {
+    std::vector<std::string> t;
+    for (size_t i = from; i < d.shown.size(); ++i) t.push_back(d.shown[i].text);
+    return t;
+}
+
+double Parse(const std::string& text) {
+    double v = 0;
+    ParseNumber(text, v);
+    return v;
+}
+
+void RunCatchCurve(Context& ctx, const CatchCurveCliOptions& o) {
+    if (!ValidateGrowthParams({o.loo, o.k, o.c, o.wp, o.t0}, true, true, ctx.dialogs))
+        ctx.refuseWithLastNotice();
+    ReadLFQ(o.path, ctx.session, ctx.dialogs);
+    if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
+    const LfqData& data = ctx.session.lfqData;
+    const size_t noticesBefore = ctx.dialogs.shown.size();
+
+    CatchCurveOptions opt;
+    opt.loo = Parse(o.loo);
+    opt.k = Parse(o.k);
+    opt.c = Parse(o.c);
+    opt.wp = Parse(o.wp);
+    opt.t0 = Parse(o.t0);
+    opt.temporal = o.temporal;
+    if (o.transform == "percent")
+        opt.transform = CcTransform::Percent;
+    else if (o.transform == "sqrt")
+        opt.transform = CcTransform::SquareRoot;
+    if (!o.samples.empty()) {
+        opt.selected.assign(static_cast<size_t>(data.noOfSamples), false);
+        for (int s : o.samples) {
+            if (s < 1 || s > data.noOfSamples)
+                throw Refusal(kCcInvalidActionTitle,
+                              "There is no sample " + std::to_string(s) + " in the file.");
+            opt.selected[static_cast<size_t>(s - 1)] = true;
+        }
+    }
+    CatchCurveRun run = CatchCurveMethod(data, opt, ctx.dialogs);
+    if (!run.usable) ctx.refuseWithLastNotice();
+    ComputeDefaultPoints(run);
+    const int defaultFirst = run.firstPoint, defaultLast = run.lastPoint;
+    if (!o.points.empty()) {
+        int first = 0, last = 0;
+        char colon = 0;
+        std::istringstream in(o.points);
+        if (!(in >> first >> colon >> last) || colon != ':')
+            throw CLI::ValidationError("--points", "expected FIRST:LAST");
+        if (first > last) std::swap(first, last);
+        if (first < run.firstClass || last > run.lastClass)
+            throw Refusal(kCcNoSelectionTitle, kCcNoSelectionText);
+        if (last - first < 2) throw Refusal(kCcInvalidActionTitle, kCcTooFewPickedText);
+        run.firstPoint = first;
+        run.lastPoint = last;
+    }
+    const bool fitted = run.firstPoint > 0;
+    if (fitted) FitPoints(run);
+
+    std::optional<Extrapolation> ex;
+    std::vector<std::string> exNotices;
+    if (o.extrapolate) {
+        if (!fitted) throw Refusal(kCcSelectingTitle, kCcSelectingText);
+        if (run.seasonal)
+            throw Refusal(kCcInvalidActionTitle, SeasonalExtrapolationText(CatchCurveZ(run)));
+        const size_t before = ctx.dialogs.shown.size();
+        const double z = o.z ? *o.z : CatchCurveZ(run);
+        double m = o.m.value_or(0), t = 0;
+        if (o.temperature) {
+            if (!CheckTemperature(*o.temperature, ctx.dialogs)) ctx.refuseWithLastNotice();
+            // The screen rewrites the temperature and M fields with three decimals.
+            t = Parse(Format(CorrectedTemperature(*o.temperature), "0.000"));
+            if (!o.m) m = Parse(Format(PaulyM(run.loo, run.k, t), "0.000"));
+        }
+        if (!CheckMortalities(z, m, ctx.dialogs)) ctx.refuseWithLastNotice();
+        ex = ExtrapolateProb(run, z, m, t);
+        exNotices = NoticeTexts(ctx.dialogs, before);
+    }
+
+    const auto& f = run.fit;
+    if (ctx.json) {
+        nlohmann::json j = {{"usable", run.usable},
+                            {"first_class", run.firstClass},
+                            {"last_class", run.lastClass},
+                            {"default_points", {defaultFirst, defaultLast}},
+                            {"points", {run.firstPoint, run.lastPoint}},
+                            {"notices", NoticeTexts(ctx.dialogs, noticesBefore)},
+                            {"X", Floats(run.X, 1, run.lastClass)},
+                            {"Y", Floats(run.Y, 1, run.lastClass)},
+                            {"N", Floats(run.N, 1, run.lastClass)}};
+        if (fitted) {
+            using R = RegressionResult;
+            j["fit"] = {{"n", f[R::kN]},         {"a", f[R::kA]},         {"b", f[R::kB]},
+                        {"seA", f[R::kSeA]},     {"seB", f[R::kSeB]},     {"aLow", f[R::kALow]},
+                        {"aHigh", f[R::kAHigh]}, {"bLow", f[R::kBLow]},   {"bHigh", f[R::kBHigh]},
+                        {"meanX", f[R::kMeanX]}, {"meanY", f[R::kMeanY]}, {"sdX", f[R::kSdX]},
+                        {"sdY", f[R::kSdY]},     {"r", f[R::kR]},         {"rLow", f[R::kRLow]},
+                        {"rHigh", f[R::kRHigh]}, {"F", f[R::kF]}};
+            j["Z"] = -f.b();
+            j["Z_low"] = -f[R::kBHigh];
+            j["Z_high"] = -f[R::kBLow];
+        } else {
+            j["fit"] = nullptr;
+            j["Z"] = nullptr;
+            j["Z_low"] = nullptr;
+            j["Z_high"] = nullptr;
+        }
+        if (ex) {
+            nlohmann::json ne = nlohmann::json::array();
+            for (size_t i = 1; i < ex->ne.size(); ++i) ne.push_back(ex->ne[i]);
+            j["extrapolation"] = {{"z", ex->z},
+                                  {"m", ex->m},
+                                  {"notices", exNotices},
+                                  {"ne", ne},
+                                  {"probability", Floats(ex->probability, 1, run.nC)}};
+        }
+        ctx.print(j);
+        return;
+    }
+    for (const auto& text : NoticeTexts(ctx.dialogs, noticesBefore)) std::cout << text << "\n";
+    std::cout << "Class  " << CatchCurveXLabel(run.t0) << "  " << CatchCurveYLabel(run.c)
+              << "  N\n";
+    for (int i = run.firstClass; i <= run.lastClass; ++i) {
+        const bool chosen = fitted && i >= run.firstPoint && i <= run.lastPoint;
+        std::cout << (chosen ? "* " : "  ") << i << "  " << Format(run.X[i], "0.00") << "  "
+                  << Format(run.Y[i], "0.00") << "  " << Format(run.N[i], "0.00") << "\n";
+    }
+    if (!fitted) {
+        std::cout << "No default points: choose them with --points FIRST:LAST.\n";
+        return;
+    }
+    using R = RegressionResult;
+    std::cout << "Points: " << run.firstPoint << " to " << run.lastPoint << "\n"
+              << "Z = " << Format(-f.b(), "0.00") << " (" << Format(-f[R::kBHigh], "0.00") << " to "
+              << Format(-f[R::kBLow], "0.00") << ")\n"
+              << "a = " << Format(f.a(), "0.000") << "  b = " << Format(f.b(), "0.000")
+              << "  r = " << Format(f.r(), "0.0000") << "\n";
+    if (ex) {
+        for (const auto& text : exNotices) std::cout << text << "\n";
+        std::cout << ExtrapolationSubtitle(*ex) << "\nClass  Probability\n";
+        for (int i = 1; i <= run.nC; ++i)
+            std::cout << i << "  " << Format(ex->probability[i], "0.0000") << "\n";
+    }
+}
+
+RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+    auto o = std::make_shared<CatchCurveCliOptions>();
+    auto* cmd = app.add_subcommand("catchcurve", "Length-converted catch curve: Z from a file");
+    cmd->add_option("FILE", o->path, "Grouped length-frequency file (.lfq)")->required();
+    cmd->add_option("--loo", o->loo, "Asymptotic length")->required();
+    cmd->add_option("--k", o->k, "Growth constant K")->required();
+    cmd->add_option("--c", o->c, "Amplitude of the seasonal oscillation (0 for none)");
+    cmd->add_option("--wp", o->wp, "Winter point");
+    cmd->add_option("--t0", o->t0, "Age at length zero");
+    cmd->add_option("--samples", o->samples, "Samples to include (1-based; default all)")
+        ->delimiter(',');
+    cmd->add_option("--transform", o->transform, "raw, percent or sqrt")
+        ->check(CLI::IsMember({"raw", "percent", "sqrt"}));
+    cmd->add_flag("--temporal", o->temporal, "Apply temporal weighting");
+    cmd->add_option("--points", o->points, "First and last point of the fit, FIRST:LAST");
+    auto* ex =
+        cmd->add_flag("--extrapolate", o->extrapolate, "Extrapolate the probabilities of capture");
+    cmd->add_option("--z", o->z, "Z to use (default: the catch curve's)")->needs(ex);
+    auto* m = cmd->add_option("--m", o->m, "Natural mortality M")->needs(ex);
+    auto* t =
+        cmd->add_option("--temperature", o->temperature, "Mean water temperature (C)")->needs(ex);
+    m->excludes(t);
+    cmd->callback([&ctx, o] { RunCatchCurve(ctx, *o); });
+}};
+
+}  // namespace
+}  // namespace norvo::cli
