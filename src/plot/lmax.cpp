@@ -152,4 +152,24 @@ void GraphResults(ChartCanvas& canvas, const GumbelFitResult& fit, const std::st
     canvas.SetFill(kWhite, FillStyle::Transparent);
 }
 
+ReportDescriptor LmaxReport(const LfqData& data, const GumbelFitResult& fit, std::time_t when) {
+    auto rep = MakeReport("frmOutLmax", kLmaxReportTitle, data.speciesname, when);
+    auto& in = rep.addSection("Data", false);
+    in.fields.push_back({"Filename:", data.path});
+    in.fields.push_back({"Species name:", data.speciesname});
+    in.fields.push_back({"Unit of measurement:", data.unitOfMeasurement});
+    in.fields.push_back({"Number of extremes:", std::to_string(fit.n)});
+    auto& out = rep.addSection("Results", true);
+    out.fields.push_back(NumberField("Location (u):", fit.u, "0.000"));
+    out.fields.push_back(NumberField("Scale (beta):", fit.beta, "0.000"));
+    const std::string unit = " " + data.unitOfMeasurement;
+    out.fields.push_back(
+        {"Predicted maximum length:", Format(fit.predicted, kLmaxValueFormat) + unit});
+    out.fields.push_back(
+        {"Lower limit:", Format(fit.lower, kLmaxValueFormat) + unit + " - " + kLowerLimitText});
+    out.fields.push_back(
+        {"Upper limit:", Format(fit.upper, kLmaxValueFormat) + unit + " - " + kUpperLimitText});
+    return rep;
+}
+
 }  // namespace norvo

@@ -6,6 +6,7 @@
 
 #include "data/lfq_data.h"
 #include "plot/chart_canvas.h"
+#include "plot/report.h"
 
 namespace norvo {
 
@@ -97,5 +98,9 @@ double ProbabilityAxisX(double reducedVariate);
 // The plot: extremes at their plotting positions, the predicted line and its limits, on a
 // percentage canvas with the probability axis below and the lengths at the left.
 void GraphResults(ChartCanvas& canvas, const GumbelFitResult& fit, const std::string& unit);
+
+// The printed page: the file and its samples, the fit and the prediction with its limits.
+ReportDescriptor LmaxReport(const LfqData& data, const GumbelFitResult& fit,
+                            std::time_t when = std::time(nullptr));
 
 }  // namespace norvo

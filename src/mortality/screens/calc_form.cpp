@@ -7,7 +7,9 @@
 #include <QMdiSubWindow>
 #include <QPushButton>
 
+#include "mortality/mortality_reports.h"
 #include "numerics/text_convert.h"
+#include "plot/screens/output_screen.h"
 
 namespace norvo::gui {
 
@@ -52,6 +54,12 @@ bool AcceptStatus(DialogService& dialogs, const CalcStatus& status) {
     if (status.ok) return true;
     dialogs.notify({status.message, status.title, Buttons::Ok, Icon::Warning});
     return false;
+}
+
+void PrintCalculatorReport(ShellContext& ctx, const ReportDescriptor& report) {
+    ChartCanvas canvas;
+    DrawResultCard(canvas, report);
+    PrintReport(report, canvas, ctx.dialogs, ctx.printer);
 }
 
 void CloseScreen(QWidget* screen) {

@@ -3,8 +3,10 @@
 // a form layout, buttons, reading a box as a 32-bit value, and the notice of a refused check.
 #include <QString>
 
+#include "app/screens/shell_context.h"
 #include "app/user_notice.h"
 #include "mortality/calc_status.h"
+#include "plot/report.h"
 
 class QFormLayout;
 class QLineEdit;
@@ -31,6 +33,10 @@ float BoxValue(const QLineEdit* box);
 
 // Shows the notice of a refused check (exclamation icon); true when the status is ok.
 bool AcceptStatus(DialogService& dialogs, const CalcStatus& status);
+
+// Prints a calculator's page (its formula and results as the picture) through the output
+// screen: the printer dialogue, then printing or saving the picture.
+void PrintCalculatorReport(ShellContext& ctx, const ReportDescriptor& report);
 
 // Closes the screen's sub-window when it has one, else the screen itself.
 void CloseScreen(QWidget* screen);

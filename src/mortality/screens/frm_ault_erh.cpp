@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "app/error_report.h"
+#include "mortality/mortality_reports.h"
 #include "mortality/screens/calc_form.h"
 #include "numerics/format.h"
 
@@ -26,12 +27,15 @@ FrmAultErh::FrmAultErh(ShellContext& ctx, QWidget* parent) : QWidget(parent), ct
     txtRoot = AddResultRow(outForm, kAultExactRootCaption, "txtRoot", kPerYear);
 
     cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
+    cmdPrintButton = MakeButton(kCalcPrint, "cmdPrint", this);
+    connect(cmdPrintButton, &QPushButton::clicked, this, [this] { cmdPrint(); });
     auto* close = MakeButton(kCalcClose, "cmdClose", this);
     connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
     connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cmdComputeButton);
+    buttons->addWidget(cmdPrintButton);
     buttons->addWidget(close);
 
     auto* layout = new QVBoxLayout(this);
@@ -47,6 +51,17 @@ void FrmAultErh::cmdCompute() {
         txtZ->setText(QString::fromStdString(Format(r.z, kZFormat)));
         txtRoot->setText(r.exactRoot ? QString::fromStdString(Format(*r.exactRoot, kZFormat))
                                      : QString(kAultNoRoot));
+    } catch (...) {
+        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
+    }
+}
+
+void FrmAultErh::cmdPrint() {
+    try {
+        const AultEhrhardtInput in{boxes.values(), BoxValue(txtLmax)};
+        const auto r = ComputeAultEhrhardt(in);
+        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
+        PrintCalculatorReport(ctx_, AultEhrhardtReport(in, r));
     } catch (...) {
         ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
     }

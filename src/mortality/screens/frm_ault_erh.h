@@ -22,12 +22,15 @@ class FrmAultErh : public QWidget {
     // Checks the five boxes in order, then shows the stepping search's Z and, beside it, the
     // exact root of R = T on the same range.
     void cmdCompute();
+    // Computes as Compute does and, when the checks pass, prints the page.
+    void cmdPrint();
 
     MeanLengthBoxes boxes;
     QLineEdit* txtLmax = nullptr;
     QLineEdit* txtZ = nullptr;
     QLineEdit* txtRoot = nullptr;
     QPushButton* cmdComputeButton = nullptr;
+    QPushButton* cmdPrintButton = nullptr;
 
   private:
     ShellContext& ctx_;

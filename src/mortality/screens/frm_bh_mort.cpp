@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "app/error_report.h"
+#include "mortality/mortality_reports.h"
 #include "mortality/screens/calc_form.h"
 #include "numerics/format.h"
 
@@ -35,12 +36,15 @@ FrmBhMort::FrmBhMort(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     txtZ = AddResultRow(outForm, kComputedZCaption, "txtZ", kPerYear);
 
     cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
+    cmdPrintButton = MakeButton(kCalcPrint, "cmdPrint", this);
+    connect(cmdPrintButton, &QPushButton::clicked, this, [this] { cmdPrint(); });
     auto* close = MakeButton(kCalcClose, "cmdClose", this);
     connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
     connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cmdComputeButton);
+    buttons->addWidget(cmdPrintButton);
     buttons->addWidget(close);
 
     auto* layout = new QVBoxLayout(this);
@@ -54,6 +58,18 @@ void FrmBhMort::cmdCompute() {
         const auto r = ComputeBhMortality(boxes.values());
         if (!AcceptStatus(ctx_.dialogs, r.status)) return;
         txtZ->setText(QString::fromStdString(Format(r.z, kZFormat)));
+    } catch (...) {
+        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
+    }
+}
+
+void FrmBhMort::cmdPrint() {
+    try {
+        const MeanLengthInput in = boxes.values();
+        const auto r = ComputeBhMortality(in);
+        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
+        txtZ->setText(QString::fromStdString(Format(r.z, kZFormat)));
+        PrintCalculatorReport(ctx_, BhMortalityReport(in, r));
     } catch (...) {
         ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
     }

@@ -34,10 +34,13 @@ class FrmBhMort : public QWidget {
 
     // Checks the boxes in order and shows Z, or the notice of the first failed check.
     void cmdCompute();
+    // Computes as Compute does and, when the checks pass, prints the page.
+    void cmdPrint();
 
     MeanLengthBoxes boxes;
     QLineEdit* txtZ = nullptr;
     QPushButton* cmdComputeButton = nullptr;
+    QPushButton* cmdPrintButton = nullptr;
 
   private:
     ShellContext& ctx_;

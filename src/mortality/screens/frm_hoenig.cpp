@@ -10,6 +10,7 @@
 
 #include "app/error_report.h"
 #include "mortality/bh_mortality.h"
+#include "mortality/mortality_reports.h"
 #include "mortality/screens/calc_form.h"
 #include "numerics/format.h"
 
@@ -54,12 +55,15 @@ FrmHoenig::FrmHoenig(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     txtSe1->setEnabled(false);
 
     cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
+    cmdPrintButton = MakeButton(kCalcPrint, "cmdPrint", this);
+    connect(cmdPrintButton, &QPushButton::clicked, this, [this] { cmdPrint(); });
     auto* close = MakeButton(kCalcClose, "cmdClose", this);
     connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
     connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cmdComputeButton);
+    buttons->addWidget(cmdPrintButton);
     buttons->addWidget(close);
 
     auto* layout = new QVBoxLayout(this);
@@ -94,6 +98,22 @@ void FrmHoenig::cmdCompute() {
             txtZ2->setText(Shown(r.z2));
             txtSe2->setText(Shown(r.se2));
         }
+    } catch (...) {
+        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
+    }
+}
+
+void FrmHoenig::cmdPrint() {
+    try {
+        HoenigInput in;
+        in.model1 = chkHoenig[0]->isChecked();
+        in.model2 = chkHoenig[1]->isChecked();
+        in.tmax = BoxValue(txtTmax);
+        in.tc = BoxValue(txtTc);
+        in.n = BoxValue(txtN);
+        const auto r = ComputeHoenig(in);
+        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
+        PrintCalculatorReport(ctx_, HoenigReport(in, r));
     } catch (...) {
         ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
     }

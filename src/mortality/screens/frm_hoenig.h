@@ -23,6 +23,8 @@ class FrmHoenig : public QWidget {
     explicit FrmHoenig(ShellContext& ctx, QWidget* parent = nullptr);
 
     void cmdCompute();
+    // Computes as Compute does and, when the checks pass, prints the page.
+    void cmdPrint();
     // Leaving the tc box with a value not below tmax names the rule at once.
     void checkTc();
 
@@ -35,6 +37,7 @@ class FrmHoenig : public QWidget {
     QLineEdit* txtZ2 = nullptr;
     QLineEdit* txtSe2 = nullptr;
     QPushButton* cmdComputeButton = nullptr;
+    QPushButton* cmdPrintButton = nullptr;
 
   private:
     ShellContext& ctx_;

@@ -11,6 +11,7 @@
 
 #include "app/error_report.h"
 #include "mortality/bh_mortality.h"
+#include "mortality/mortality_reports.h"
 #include "mortality/screens/calc_form.h"
 #include "numerics/format.h"
 
@@ -48,12 +49,15 @@ FrmPaulyM::FrmPaulyM(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     txtM = AddResultRow(outForm, kPaulyMCaption, "txtM", kPerYear);
 
     cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
+    cmdPrintButton = MakeButton(kCalcPrint, "cmdPrint", this);
+    connect(cmdPrintButton, &QPushButton::clicked, this, [this] { cmdPrint(); });
     auto* close = MakeButton(kCalcClose, "cmdClose", this);
     connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
     connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cmdComputeButton);
+    buttons->addWidget(cmdPrintButton);
     buttons->addWidget(close);
 
     auto* layout = new QVBoxLayout(this);
@@ -85,6 +89,18 @@ void FrmPaulyM::cmdCompute() {
         const auto r = ComputePaulyM({form(), BoxValue(txtSize), BoxValue(txtK), BoxValue(txtT)});
         if (!AcceptStatus(ctx_.dialogs, r.status)) return;
         txtM->setText(QString::fromStdString(Format(r.m, kPaulyMFormat)));
+    } catch (...) {
+        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
+    }
+}
+
+void FrmPaulyM::cmdPrint() {
+    try {
+        const PaulyInput in{form(), BoxValue(txtSize), BoxValue(txtK), BoxValue(txtT)};
+        const auto r = ComputePaulyM(in);
+        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
+        txtM->setText(QString::fromStdString(Format(r.m, kPaulyMFormat)));
+        PrintCalculatorReport(ctx_, PaulyReport(in, r));
     } catch (...) {
         ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
     }

@@ -26,6 +26,8 @@ class FrmPaulyM : public QWidget {
 
     PaulyForm form() const;
     void cmdCompute();
+    // Computes as Compute does and, when the checks pass, prints the page.
+    void cmdPrint();
 
     std::array<QRadioButton*, 2> optPaulyM{};  // 0 length, 1 weight
     QLabel* lblSize = nullptr;
@@ -36,6 +38,7 @@ class FrmPaulyM : public QWidget {
     QLineEdit* txtT = nullptr;
     QLineEdit* txtM = nullptr;
     QPushButton* cmdComputeButton = nullptr;
+    QPushButton* cmdPrintButton = nullptr;
 
   private:
     void showForm();

@@ -10,6 +10,7 @@
 
 #include "app/error_report.h"
 #include "mortality/bh_mortality.h"
+#include "mortality/mortality_reports.h"
 #include "mortality/screens/calc_form.h"
 #include "numerics/format.h"
 
@@ -27,12 +28,15 @@ FrmRikEfa::FrmRikEfa(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     txtM = AddResultRow(outForm, kRikEfaMCaption, "txtM", kPerYear);
 
     cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
+    cmdPrintButton = MakeButton(kCalcPrint, "cmdPrint", this);
+    connect(cmdPrintButton, &QPushButton::clicked, this, [this] { cmdPrint(); });
     auto* close = MakeButton(kCalcClose, "cmdClose", this);
     connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
     connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cmdComputeButton);
+    buttons->addWidget(cmdPrintButton);
     buttons->addWidget(close);
 
     auto* layout = new QVBoxLayout(this);
@@ -46,6 +50,18 @@ void FrmRikEfa::cmdCompute() {
         const auto r = ComputeRikhterEfanov({BoxValue(txtTm)});
         if (!AcceptStatus(ctx_.dialogs, r.status)) return;
         txtM->setText(QString::fromStdString(Format(r.m, kRikhterMFormat)));
+    } catch (...) {
+        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
+    }
+}
+
+void FrmRikEfa::cmdPrint() {
+    try {
+        const RikhterEfanovInput in{BoxValue(txtTm)};
+        const auto r = ComputeRikhterEfanov(in);
+        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
+        txtM->setText(QString::fromStdString(Format(r.m, kRikhterMFormat)));
+        PrintCalculatorReport(ctx_, RikhterEfanovReport(in, r));
     } catch (...) {
         ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
     }

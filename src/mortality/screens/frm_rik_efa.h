@@ -20,10 +20,13 @@ class FrmRikEfa : public QWidget {
     explicit FrmRikEfa(ShellContext& ctx, QWidget* parent = nullptr);
 
     void cmdCompute();
+    // Computes as Compute does and, when the checks pass, prints the page.
+    void cmdPrint();
 
     QLineEdit* txtTm = nullptr;
     QLineEdit* txtM = nullptr;
     QPushButton* cmdComputeButton = nullptr;
+    QPushButton* cmdPrintButton = nullptr;
 
   private:
     ShellContext& ctx_;

@@ -17,6 +17,7 @@
 #include "mortality/screens/calc_form.h"
 #include "numerics/format.h"
 #include "plot/render/canvas_renderer.h"
+#include "plot/screens/output_screen.h"
 
 namespace norvo::gui {
 namespace {
@@ -93,10 +94,14 @@ FrmLmax::FrmLmax(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_(ctx
     split->addWidget(picPlot);
     split->setStretchFactor(1, 2);
 
+    cmdPrintButton = MakeButton(kCalcPrint, "cmdPrint", this);
+    cmdPrintButton->setEnabled(false);
+    connect(cmdPrintButton, &QPushButton::clicked, this, [this] { cmdPrint(); });
     auto* close = MakeButton(kCalcClose, "cmdClose", this);
     connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
+    buttons->addWidget(cmdPrintButton);
     buttons->addWidget(close);
 
     auto* layout = new QVBoxLayout(this);
@@ -139,7 +144,17 @@ void FrmLmax::loadFile(const QString& path) {
             return;
         }
         fit_ = std::move(fit);
+        data_ = data;
         showResults(data.unitOfMeasurement);
+    } catch (...) {
+        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
+    }
+}
+
+void FrmLmax::cmdPrint() {
+    try {
+        if (!fit_) return;
+        PrintReport(LmaxReport(data_, *fit_), canvas_, ctx_.dialogs, ctx_.printer);
     } catch (...) {
         ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
     }
@@ -154,6 +169,7 @@ void FrmLmax::clearResults() {
     txtUpper->clear();
     canvas_.Reset();
     picPlot->clear();
+    cmdPrintButton->setEnabled(false);
 }
 
 void FrmLmax::showResults(const std::string& unit) {
@@ -176,6 +192,7 @@ void FrmLmax::showResults(const std::string& unit) {
     txtUpper->setText(Q(Format(f.upper, kLmaxValueFormat) + " " + unit + " - " + kUpperLimitText));
     GraphResults(canvas_, f, unit);
     showPlot();
+    cmdPrintButton->setEnabled(true);
 }
 
 void FrmLmax::showPlot() {

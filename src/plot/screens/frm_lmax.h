@@ -32,6 +32,8 @@ class FrmLmax : public QWidget {
     // be read, one with fewer than two extremes, or extremes without spread show their notice
     // and leave the screen empty.
     void loadFile(const QString& path);
+    // Prints the page of the last prediction (plot, file, fit and limits).
+    void cmdPrint();
 
     const std::optional<GumbelFitResult>& fit() const { return fit_; }
     const ChartCanvas& canvas() const { return canvas_; }
@@ -43,6 +45,7 @@ class FrmLmax : public QWidget {
     QLineEdit* txtLower = nullptr;
     QLineEdit* txtUpper = nullptr;
     QLabel* picPlot = nullptr;
+    QPushButton* cmdPrintButton = nullptr;
 
   private:
     void clearResults();
@@ -52,6 +55,7 @@ class FrmLmax : public QWidget {
 
     ShellContext& ctx_;
     std::optional<GumbelFitResult> fit_;
+    LfqData data_;  // the file the prediction came from
     ChartCanvas canvas_;
 };
 

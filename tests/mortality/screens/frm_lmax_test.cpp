@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QLineEdit>
+#include <QPrinter>
+#include <QPushButton>
 #include <QTableWidget>
 #include <filesystem>
 
@@ -96,6 +98,33 @@ TEST_F(FrmLmaxTest, OneSampleAndEqualExtremesAreRefused) {
               "authors.");
     EXPECT_EQ(f.grdExtremes->rowCount(), 0);
     EXPECT_TRUE(f.txtPredicted->text().isEmpty());
+}
+
+TEST_F(FrmLmaxTest, PrintToAFileSavesThePlotAndACancelShowsNothing) {
+    FrmLmax f(ctx);
+    EXPECT_FALSE(f.cmdPrintButton->isEnabled());
+    f.loadFile(QString::fromStdString(
+        WriteLfq(dir, {{3, 0, 0, 0}, {5, 2, 0, 0}, {1, 1, 0, 0}, {0, 4, 0, 1}})));
+    ASSERT_TRUE(f.cmdPrintButton->isEnabled());
+
+    dialogs.printAnswers.push_back(false);
+    f.cmdPrint();
+    EXPECT_EQ(dialogs.printDialogs.size(), 1u);
+    EXPECT_TRUE(dialogs.shown.empty());
+
+    // A printer set to print into a file: the picture is saved where the user says.
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(QString::fromStdString(dir.file("page.pdf")));
+    ctx.printer = [&printer] { return &printer; };
+    const std::string image = dir.file("lmax.png");
+    dialogs.printAnswers.push_back(true);
+    dialogs.saveAnswers.push_back(image);
+    f.cmdPrint();
+    ASSERT_EQ(dialogs.shown.size(), 1u);
+    EXPECT_EQ(dialogs.last().title, "Data Saved");
+    EXPECT_EQ(dialogs.last().text, "The graphic output was saved in " + image + ".");
+    EXPECT_GT(fs::file_size(image), 1000u);
 }
 
 TEST_F(FrmLmaxTest, CancelledOpenChangesNothing) {
