@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "numerics/fault.h"
 #include "plot/rotated_text.h"
 
 namespace norvo {
@@ -86,17 +85,6 @@ TEST(ChartCanvas, PrintPlacesTextAtTheCurrentPositionThenMovesToTheNextLine) {
     // 8 points = 10.67 pixels of 600 = 1.78 units; the next line is 1.15 of that lower.
     EXPECT_NEAR(c.PointsToUserY(8), 1.7778, 1e-3);
     EXPECT_NEAR(prints[1].y1 - 20, 1.15 * 1.7778, 1e-3);
-}
-
-TEST(ChartCanvas, WidthEstimateIsHalfTheSizePerCharacter) {
-    EXPECT_DOUBLE_EQ(EstimatedTextWidthPoints(8, "12345"), 20.0);
-    EXPECT_DOUBLE_EQ(EstimatedTextWidthPoints(10, std::string()), 0.0);
-}
-
-TEST(ChartCanvas, NonFiniteCoordinatesRaiseAFault) {
-    ChartCanvas c;
-    EXPECT_THROW(c.Line(0, 0, 1.0 / 0.0 * 0.0, 1), ArithmeticFault);
-    EXPECT_THROW(c.Scale(0, 0, 1e308 * 10, 1), ArithmeticFault);
 }
 
 TEST(ChartCanvas, PixelToUserFollowsAnInvertedScale) {

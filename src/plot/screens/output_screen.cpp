@@ -68,6 +68,7 @@ OutputScreen::OutputScreen(PrinterSource printer, QWidget* parent)
     page->addSpacing(10);
     picOut_ = new PlotView(this);
     picOut_->setObjectName("picOut");
+    picOut_->setTracksWidgetSize(false);  // the report shows the analysis's picture scaled
     // The plot keeps the 4:3 shape of the canvas across the page's width.
     const int plotWidth = kPageWidth - 96;
     picOut_->setFixedSize(plotWidth, plotWidth * 3 / 4);

@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QResizeEvent>
 
 #include "plot/render/canvas_renderer.h"
 
@@ -72,6 +73,14 @@ void PlotView::mousePressEvent(QMouseEvent* event) {
         if (selection_->click()) emit pointToggled(selection_->active());
     }
     emit clickedAt(p.x, p.y);
+}
+
+void PlotView::resizeEvent(QResizeEvent* event) {
+    if (tracksSize_ && event->size().width() > 0 && event->size().height() > 0) {
+        canvas_.setPixelSize(event->size().width(), event->size().height());
+    }
+    QWidget::resizeEvent(event);
+    emit resized();
 }
 
 }  // namespace norvo::gui

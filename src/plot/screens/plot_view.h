@@ -37,9 +37,14 @@ class PlotView : public QWidget {
     void setHotCursor(bool hot);
     bool hotCursor() const { return hot_; }
 
+    // When on (the default), the canvas's nominal size follows the widget's, so that text
+    // shows at its true size; owners redraw on `resized`. Off, the picture is scaled.
+    void setTracksWidgetSize(bool on) { tracksSize_ = on; }
+
     QSize sizeHint() const override;
 
   signals:
+    void resized();
     void mouseMovedTo(double x, double y);
     void clickedAt(double x, double y);
     // Index of the hovered point, -1 when none.
@@ -50,6 +55,7 @@ class PlotView : public QWidget {
     void paintEvent(QPaintEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     ChartCanvas canvas_;
@@ -57,6 +63,7 @@ class PlotView : public QWidget {
     PointSelection* selection_ = nullptr;
     int lastActive_ = -1;
     bool hot_ = false;
+    bool tracksSize_ = true;
 };
 
 }  // namespace norvo::gui

@@ -16,6 +16,7 @@ TEST(PlotView, MapsTheMouseToUserCoordinatesAndPicksPoints) {
     view.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
     BeginPercentCanvas(view.canvas());
+    EXPECT_EQ(view.canvas().widthPx(), 400);  // text keeps its true size on screen
     const UserPoint centre = view.toUser(QPointF(200, 150));
     EXPECT_DOUBLE_EQ(centre.x, 50);
     EXPECT_DOUBLE_EQ(centre.y, 50);
