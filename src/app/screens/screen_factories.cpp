@@ -4,12 +4,14 @@
 #include "growth/screens/frm_elefan1.h"
 #include "mortality/screens/frm_ault_erh.h"
 #include "mortality/screens/frm_bh_mort.h"
+#include "mortality/screens/frm_catch_curve.h"
 #include "mortality/screens/frm_hoenig.h"
 #include "mortality/screens/frm_munro2.h"
 #include "mortality/screens/frm_pauly_m.h"
 #include "mortality/screens/frm_rik_efa.h"
 #include "plot/screens/frm_lmax.h"
 #include "plot/screens/frm_phi_prime.h"
+#include "selection/screens/frm_probability2.h"
 #include "stock/screens/frm_simulate.h"
 
 namespace norvo::gui {
@@ -39,6 +41,14 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
         {"frmELEFAN1",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmElefan1(ctx, parent);
+         }},
+        {"frmCatchCurve",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmCatchCurve(ctx, parent);
+         }},
+        {"frmProbability2",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmProbability2(ctx, parent);
          }},
         {"frmSimulate",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {

@@ -1,0 +1,42 @@
+// The selection header comes before any Qt header (see sample_panel.cpp).
+#include "selection/selection.h"
+
+#include "selection/screens/frm_probability2.h"
+
+#include <QPushButton>
+
+#include "app/settings_store.h"
+#include "data/sample_readers.h"
+
+namespace norvo::gui {
+
+FrmProbability2::FrmProbability2(ShellContext& ctx, QWidget* parent) : FrmProbability(ctx, parent) {
+    setObjectName("frmProbability2");
+    setWindowFlags(Qt::Widget);
+    setReportTitle(kSelTrawlTitle);
+    setWindowTitle(kSelTrawlTitle);
+    command(5)->show();
+    connect(command(5), &QPushButton::clicked, this, [this] {
+        const auto path =
+            ctx_.dialogs.openFile({kProbOpenTitle, kProbPrbFilter, {}, "prb", {}, true});
+        if (path) openFile(*path);
+    });
+    const std::string last = ctx_.settings.runTime(kKeyLastActive, kNoActiveFile);
+    if (last.size() > 4) {
+        std::string ext = last.substr(last.size() - 4);
+        for (auto& ch : ext) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
+        if (ext == ".PRB") openFile(last);
+    }
+}
+
+bool FrmProbability2::openFile(const std::string& path) {
+    const PrbData prb = ReadPRB(path, ctx_.session, ctx_.dialogs);
+    if (ctx_.session.fileReadFailed || prb.length.empty()) return false;
+    LfqData header = ctx_.session.lfqData;
+    header.path = path;
+    setData(SelectionInputFromPrb(prb.length, prb.probability), header);
+    setWindowTitle(QString::fromStdString(std::string(kSelTrawlTitle) + " [" + path + "]"));
+    return true;
+}
+
+}  // namespace norvo::gui
