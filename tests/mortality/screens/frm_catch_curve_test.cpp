@@ -1,0 +1,212 @@
+// The catch curve road through the screens: file, curve, default points, manual choice,
+// extrapolation, probabilities, logits, a saved probabilities file and the trawl-type screen.
+#include "mortality/catch_curve.h"
+#include "mortality/catch_curve_plot.h"
+#include "selection/selection.h"
+
+#include "mortality/screens/frm_catch_curve.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabWidget>
+#include <cstdlib>
+#include <filesystem>
+
+#include "app/scripted_dialogs.h"
+#include "data/lfq_file.h"
+#include "data/store_routines.h"
+#include "mortality/screens/frm_prob_catch_curve.h"
+#include "numerics/format.h"
+#include "plot/screens/plot_view.h"
+#include "samples/screens/sample_panel.h"
+#include "selection/screens/frm_logits.h"
+#include "selection/screens/frm_probability.h"
+#include "selection/screens/frm_probability2.h"
+#include "stock/simulation.h"
+#include "support/test_paths.h"
+
+namespace norvo::gui {
+namespace {
+
+// Screenshots go where NORVO_SHOTS points, if set.
+void Shot(QWidget* w, const std::string& name) {
+    const char* dir = std::getenv("NORVO_SHOTS");
+    if (!dir) return;
+    w->resize(900, 620);
+    w->grab().save(QString::fromStdString(std::string(dir) + "/" + name + ".png"));
+}
+
+struct CatchCurveRoad : ::testing::Test {
+    Session session;
+    MemorySettingsStore settings;
+    ScriptedDialogs dialogs;
+    ShellContext ctx{session, settings, dialogs, QString::fromStdString(test::BinDir().string())};
+    test::TempDir dir;
+    std::string path = dir.file("stock.lfq");
+
+    void SetUp() override {
+        SimulationInputs in = DefaultSimulationInputs();
+        in.samples = 12;
+        in.fishPerSample = 600;
+        in.ageGroups = 6;
+        in.loo = 60;
+        in.looCv = 0;
+        in.k = 0.5;
+        in.kCv = 0;
+        in.recruitment.fill(1.0);
+        in.yearClasses = ResizeYearClasses({}, 6);
+        for (auto& yc : in.yearClasses) yc.mortality = 0.4;
+        in.selection = {SelectionRow{"A", 20.0, 24.0, 0, 0, 0.6, true}};
+        const auto table = LengthFreq(Simulate(in), SimSet::Catch);
+        ASSERT_TRUE(CopyTemplate(path, test::BinDir().string()));
+        LfqHeader h;
+        h.speciesname = "Simulated fish";
+        h.unitOfMeasurement = "cm";
+        h.smallestMl = table.smallestMl;
+        h.classInterval = table.classInterval;
+        h.noOfClasses = table.classes;
+        h.noOfSamples = in.samples;
+        h.largestMl = table.midlength(table.classes - 1);
+        std::vector<LfqSample> samples(static_cast<size_t>(in.samples));
+        for (int s = 0; s < in.samples; ++s) {
+            samples[s].sampleNo = static_cast<int16_t>(s + 1);
+            samples[s].samplingDay = 15;
+            samples[s].samplingMonth = static_cast<int16_t>(s + 1);
+            samples[s].samplingYear = 2001;
+        }
+        WriteLfqFile(path, h, samples, table.freq);
+        settings.setRunTime(kKeyLastActive, path);
+    }
+
+    // Clicks the plot at the canvas position of class point i.
+    void ClickPoint(FrmCatchCurve& f, int i) {
+        const auto s = CatchCurveScale(*f.run());
+        const auto pts = CatchCurvePointPositions(*f.run(), s);
+        f.clickPlot(pts[i].x, pts[i].y);
+    }
+};
+
+TEST_F(CatchCurveRoad, FromFileToTrawlTypeSelection) {
+    FrmCatchCurve f(ctx);
+    EXPECT_EQ(f.windowTitle().toStdString(), "Length-converted Catch Curve [" + path + "]");
+    EXPECT_EQ(f.samples()->list()->selectedItems().size(), 12);
+    f.field(0)->setText("60");
+    f.field(1)->setText("0.5");
+    Shot(&f, "cc_data");
+
+    f.command(4)->click();
+    ASSERT_NE(f.run(), nullptr);
+    EXPECT_FALSE(f.command(4)->isEnabled());
+    EXPECT_TRUE(f.command(6)->isEnabled());
+    EXPECT_GT(f.run()->firstPoint, 0);
+    const double z = CatchCurveZ(*f.run());
+    EXPECT_NEAR(z, 1.0, 0.15);
+    EXPECT_EQ(f.statistic(6)->text().toStdString(), Format(z, "0.00"));
+    Shot(&f, "cc_curve");
+
+    // Clicks outside a selection round, off a point, and too close together.
+    const int first = f.run()->firstPoint, last = f.run()->lastPoint;
+    f.clickPlot(50, 50);
+    EXPECT_EQ(dialogs.last().text, kCcResetFirstText);
+    f.command(5)->click();
+    EXPECT_EQ(dialogs.last().title, kCcSelectingTitle);
+    EXPECT_FALSE(f.command(6)->isEnabled());
+    f.clickPlot(99, 1);
+    EXPECT_EQ(dialogs.last().text, kCcNoSelectionText);
+    ClickPoint(f, first);
+    ClickPoint(f, first + 1);
+    EXPECT_EQ(dialogs.last().text, kCcTooFewPickedText);
+    ClickPoint(f, last);
+    ClickPoint(f, first);
+    EXPECT_EQ(f.run()->firstPoint, first);
+    EXPECT_EQ(f.run()->lastPoint, last);
+    EXPECT_TRUE(f.command(6)->isEnabled());
+
+    // Mortalities from the temperature, then the extrapolation.
+    f.command(6)->click();
+    auto* m = f.mortalityDialog();
+    ASSERT_NE(m, nullptr);
+    m->field(2)->setText("2");
+    m->temperatureEntered();
+    EXPECT_EQ(m->field(2)->text().toStdString(), "6.389");
+    EXPECT_EQ(m->field(4)->text(), m->field(3)->text());
+    m->proceedButton()->click();
+    ASSERT_NE(f.extrapolation(), nullptr);
+    EXPECT_EQ(f.command(6)->text().toStdString(), kCcCmdShowProb);
+    Shot(&f, "cc_extrapolated");
+
+    f.command(6)->click();
+    auto* p = f.probabilityScreen();
+    ASSERT_NE(p, nullptr);
+    p->useLogits();
+    auto* logits = p->logits();
+    ASSERT_NE(logits, nullptr);
+    EXPECT_TRUE(logits->fitted());
+    Shot(logits, "cc_logits");
+    // Deselect down to three points; the next toggle is refused.
+    for (int i = f.run()->firstClass; logits->selectedCount() > 3; ++i)
+        logits->clickPlot(logits->pointX(i), logits->pointY(i));
+    const size_t before = dialogs.shown.size();
+    const int lastSelected = f.run()->firstPoint - 1;
+    logits->clickPlot(logits->pointX(lastSelected), logits->pointY(lastSelected));
+    EXPECT_EQ(dialogs.shown.size(), before + 1);
+    EXPECT_EQ(dialogs.last().text, kSelTooFewPointsText);
+    EXPECT_EQ(logits->selectedCount(), 3);
+    logits->proceedButton()->click();
+    ASSERT_NE(p->curve(), nullptr);
+    EXPECT_EQ(p->lengthLabel(1)->text().toStdString(), Format(p->curve()->l50, "0.00"));
+    EXPECT_GT(p->curve()->l75, p->curve()->l25);
+    Shot(p, "cc_probability");
+
+    const std::string prb = dir.file("sel.prb");
+    dialogs.saveAnswers.push_back(prb);
+    p->saveProbabilities();
+    ASSERT_TRUE(std::filesystem::exists(prb));
+
+    settings.setRunTime(kKeyLastActive, prb);
+    FrmProbability2 p2(ctx);
+    EXPECT_TRUE(p2.command(0)->isEnabled());
+    p2.useRunningAverage();
+    ASSERT_NE(p2.curve(), nullptr);
+    EXPECT_LE(p2.curve()->l25, p2.curve()->l50);
+    EXPECT_LE(p2.curve()->l50, p2.curve()->l75);
+    Shot(&p2, "cc_trawl");
+}
+
+TEST_F(CatchCurveRoad, GrowthFieldsAndSeasonalRefusal) {
+    FrmCatchCurve f(ctx);
+    f.field(0)->setText("");
+    f.field(1)->setText("0.5");
+    f.command(4)->click();
+    EXPECT_EQ(dialogs.last().text, kCcInvalidLooText);
+    EXPECT_EQ(f.tabs()->currentIndex(), 0);
+    EXPECT_TRUE(f.command(4)->isEnabled());
+
+    f.samples()->helpButton()->click();
+    EXPECT_EQ(dialogs.last().title, kCcHelpTitle);
+    EXPECT_EQ(dialogs.last().text, kCcTemporalHelpText);
+
+    f.field(0)->setText("60");
+    f.field(2)->setText("0.5");
+    f.field(3)->setText("0.3");
+    f.command(4)->click();
+    ASSERT_NE(f.run(), nullptr);
+    ASSERT_TRUE(f.run()->seasonal);
+    if (f.run()->firstPoint > 0) {
+        f.command(6)->click();
+        EXPECT_EQ(f.mortalityDialog(), nullptr);
+        EXPECT_EQ(dialogs.last().text, SeasonalExtrapolationText(CatchCurveZ(*f.run())));
+    }
+    // Editing a parameter clears the run and restores the compute command.
+    f.field(1)->setText("0.6");
+    emit f.field(1)->textEdited("0.6");
+    EXPECT_EQ(f.run(), nullptr);
+    EXPECT_TRUE(f.command(4)->isEnabled());
+}
+
+}  // namespace
+}  // namespace norvo::gui
