@@ -1,0 +1,104 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "data/lfq_file.h"
+#include "mortality/catch_curve.h"
+#include "selection/selection.h"
+#include "support/test_paths.h"
+
+namespace norvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+// One sample: a rising left limb, a zero at class 6 and a falling right limb; Loo 100, K 0.5.
+std::string WriteCurveLfq(const test::TempDir& dir) {
+    const std::string path = dir.file("curve.lfq");
+    fs::copy_file(test::BinDir() / "Templates" / "Template.LFQ", path);
+    const std::vector<double> counts = {10, 60, 120, 100, 70, 0, 35, 22, 14, 8, 5};
+    LfqHeader h;
+    h.speciesname = "Curve fish";
+    h.unitOfMeasurement = "cm";
+    h.smallestMl = 12.5;
+    h.classInterval = 5;
+    LfqSample sample;
+    sample.sampleNo = 1;
+    sample.samplingDay = 15;
+    sample.samplingMonth = 6;
+    sample.samplingYear = 2001;
+    std::vector<std::vector<double>> freq;
+    for (double c : counts) freq.push_back({c});
+    WriteLfqFile(path, h, {sample}, freq);
+    return path;
+}
+
+TEST(CatchCurveCli, FitExtrapolationAndRefusal) {
+    test::TempDir dir;
+    const auto path = WriteCurveLfq(dir);
+    auto r = test::RunCli("--json catchcurve " + path + " --loo 100 --k 0.5");
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    auto j = nlohmann::json::parse(r.out);
+    EXPECT_TRUE(j["usable"].get<bool>());
+    EXPECT_EQ(j["first_class"], 1);
+    EXPECT_EQ(j["notices"], nlohmann::json::array({ZeroCompensationText(6)}));
+    const int first = j["default_points"][0], last = j["default_points"][1];
+    EXPECT_GE(last - first, 2);
+    EXPECT_EQ(j["points"], j["default_points"]);
+    EXPECT_GT(j["Z"].get<double>(), 0);
+    EXPECT_NEAR(j["Z"].get<double>(), -j["fit"]["b"].get<double>(), 1e-6);
+    EXPECT_LE(j["Z_low"].get<double>(), j["Z_high"].get<double>());
+
+    r = test::RunCli("--json catchcurve " + path +
+                     " --loo 100 --k 0.5 --points 4:10 --extrapolate --temperature 20");
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    j = nlohmann::json::parse(r.out);
+    EXPECT_EQ(j["points"], nlohmann::json::array({4, 10}));
+    const auto& ex = j["extrapolation"];
+    EXPECT_NEAR(ex["m"].get<double>(), PaulyM(100, 0.5, 20), 5e-4);
+    ASSERT_EQ(ex["probability"].size(), 11u);
+    EXPECT_EQ(ex["probability"][3], 1.0);
+    EXPECT_LT(ex["probability"][0].get<double>(), 1.0);
+
+    // Too few points and a Loo below the first class are refused.
+    r = test::RunCli("--json catchcurve " + path + " --loo 100 --k 0.5 --points 4:5");
+    EXPECT_EQ(r.exitCode, 2);
+    EXPECT_EQ(nlohmann::json::parse(r.out)["refused"]["message"], kCcTooFewPickedText);
+    r = test::RunCli("catchcurve " + path + " --loo 10 --k 0.5");
+    EXPECT_EQ(r.exitCode, 2);
+    EXPECT_NE(r.err.find(kCcLooBelowDataText), std::string::npos);
+}
+
+TEST(SelectionCli, LogitRunningAverageAndSave) {
+    test::TempDir dir;
+    const auto prb = dir.file("in.prb");
+    SelectionInput in;
+    in.probability = {0, 0.02f, 0.1f, 0.35f, 0.7f, 0.9f, 1, 1, 1};
+    in.nC = 8;
+    in.w = 2;
+    in.firstMid = 10;
+    SaveProbabilities(prb, test::BinDir().string(), {"Sel fish", "x", "cm"}, in);
+
+    auto r = test::RunCli("--json selection " + prb + " --logit");
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    auto j = nlohmann::json::parse(r.out);
+    EXPECT_GT(j["b"].get<double>(), 0);
+    EXPECT_NEAR(j["L50"].get<double>(), -j["a"].get<double>() / j["b"].get<double>(), 1e-3);
+    EXPECT_GT(j["L50"].get<double>(), 14);
+    EXPECT_LT(j["L50"].get<double>(), 18);
+
+    const auto out = dir.file("out.prb");
+    r = test::RunCli("--json selection " + prb + " --running-average --save " + out);
+    ASSERT_EQ(r.exitCode, 0) << r.err;
+    j = nlohmann::json::parse(r.out);
+    EXPECT_LT(j["L25"].get<double>(), j["L75"].get<double>());
+    EXPECT_TRUE(fs::exists(out));
+
+    r = test::RunCli("--json selection " + prb + " --logit --select 2,3");
+    EXPECT_EQ(r.exitCode, 2);
+    EXPECT_EQ(nlohmann::json::parse(r.out)["refused"]["message"], kSelTooFewPointsText);
+}
+
+}  // namespace
+}  // namespace norvo
