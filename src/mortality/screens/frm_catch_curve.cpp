@@ -291,7 +291,8 @@ void FrmCatchCurve::fillStatistics() {
     put(6, Format(-f.b(), "0.00"));
     put(7, Format(-f[R::kBHigh], "0.00"));
     put(8, Format(-f[R::kBLow], "0.00"));
-    const int slotIds[] = {R::kA, R::kSeA, R::kALow, R::kAHigh, R::kB, R::kSeB, R::kBLow, R::kBHigh};
+    const int slotIds[] = {R::kA, R::kSeA, R::kALow, R::kAHigh,
+                           R::kB, R::kSeB, R::kBLow, R::kBHigh};
     for (int i = 0; i < 8; ++i) put(9 + i, Format(f[slotIds[i]], "0.000"));
     put(17, Format(f[R::kMeanX], "0.000") + " / " + Format(f[R::kSdX], "0.000"));
     put(18, Format(f[R::kMeanY], "0.000") + " / " + Format(f[R::kSdY], "0.000"));
