@@ -432,3 +432,33 @@ TEST_F(MainWindowTest, HelpOpensThePageOfTheScreenInFront) {
 
 }  // namespace
 }  // namespace norvo::gui
+
+namespace norvo::gui {
+namespace {
+
+// The program's own editors, as registered, opened through File, New.
+TEST(MainWindowWithRealEditors, NewOpensEveryKindWithAnEditor) {
+    test::TempDir dir;
+    Session session;
+    MemorySettingsStore settings;
+    ScriptedDialogs dialogs;
+    dialogs.defaultAnswer = Answer::No;  // keep files, no further questions
+    FrmMain main(session, settings, dialogs, QString::fromStdString(test::BinDir().string()));
+    main.show();
+    for (const auto& [kind, factory] : EditorFactories()) {
+        SCOPED_TRACE(kind);
+        const std::string path = dir.file("new." + kind);
+        dialogs.saveAnswers = {path};
+        main.runCommand("mnuFileNew");
+        ASSERT_NE(main.activeEditor(), nullptr);
+        EXPECT_EQ(main.activeEditor()->kind().toStdString(), kind);
+        EXPECT_EQ(settings.runTime("LastActive", ""), path);
+        main.runCommand("mnuFileClose");
+        QApplication::processEvents();
+    }
+    for (const UserNotice& n : dialogs.shown) EXPECT_NE(n.title, "Programming Defect...") << n.text;
+    main.close();
+}
+
+}  // namespace
+}  // namespace norvo::gui
