@@ -26,6 +26,7 @@
 #include "app/shell_texts.h"
 #include "app/version.h"
 #include "data/file_kind.h"
+#include "data/screens/table_interchange.h"
 #include "data/store_routines.h"
 
 namespace norvo::gui {
@@ -183,6 +184,9 @@ void FrmMain::buildMenus() {
     // The recent-file slots and their separator stay blank: they show nothing.
     for (int i = 0; i < 3; ++i) command("mnuFileMRU", i)->setVisible(false);
     command("mnuFileBar4")->setVisible(false);
+    // Table interchange with spreadsheets stands beside the other ways in and out of files.
+    AddTableInterchangeEntries(menu(kMenuFile), command("mnuFileBar3"), ctx_,
+                               [this] { return activeChildPath(); });
 
     // The Window menu lists the open children below its four commands.
     QMenu* window = menu(kMenuWindow);

@@ -1,6 +1,8 @@
 // The table of screens and editors the shell can open. Each screen adds its line here.
 #include "app/screens/shell_context.h"
+#include "data/screens/frm_import.h"
 #include "data/screens/frm_lfq.h"
+#include "data/screens/record_editor.h"
 #include "growth/screens/frm_elefan1.h"
 #include "mortality/screens/frm_ault_erh.h"
 #include "mortality/screens/frm_bh_mort.h"
@@ -42,6 +44,8 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmElefan1(ctx, parent);
          }},
+        {"frmImport",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmImport(ctx, parent); }},
         {"frmCatchCurve",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmCatchCurve(ctx, parent);
@@ -62,6 +66,15 @@ const std::map<std::string, EditorFactory>& EditorFactories() {
     static const std::map<std::string, EditorFactory> factories = {
         {"LFQ",
          [](ShellContext& ctx, QWidget* parent) -> DataEditor* { return new FrmLfq(ctx, parent); }},
+        {"ULF", [](ShellContext& c, QWidget* p) { return MakeRecordEditor("ULF", c, p); }},
+        {"VLF", [](ShellContext& c, QWidget* p) { return MakeRecordEditor("VLF", c, p); }},
+        {"LAA", [](ShellContext& c, QWidget* p) { return MakeRecordEditor("LAA", c, p); }},
+        {"GIN", [](ShellContext& c, QWidget* p) { return MakeRecordEditor("GIN", c, p); }},
+        {"CAA", [](ShellContext& c, QWidget* p) { return MakeRecordEditor("CAA", c, p); }},
+        {"MSD", [](ShellContext& c, QWidget* p) { return MakeRecordEditor("MSD", c, p); }},
+        {"PRB", [](ShellContext& c, QWidget* p) { return MakeRecordEditor("PRB", c, p); }},
+        {"XYF", [](ShellContext& c, QWidget* p) { return MakeRecordEditor("XYF", c, p); }},
+        {"VAL", [](ShellContext& c, QWidget* p) { return MakeRecordEditor("VAL", c, p); }},
     };
     return factories;
 }
