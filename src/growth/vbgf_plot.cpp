@@ -27,7 +27,9 @@ float ComputeL(double t, const GrowthParams& p, float t0) {
     return r < 0.0f ? 0.0f : r;
 }
 
-float ComputeT0(float sl, float t, const GrowthParams& p) { return GrowthT0(sl, t, p); }
+float ComputeT0(float sl, float t, const GrowthParams& p) {
+    return GrowthT0(sl, t, p);
+}
 
 int SampleDayCount(const LfqData& data, int s) {
     const auto i = static_cast<size_t>(s);
@@ -78,11 +80,10 @@ CurveTable ComputePoints(const LfqData& data, const GrowthParams& p) {
         // Back from the starting sample in whole years while the curve still stands within
         // the classes, not before the axis starts.
         double start = tSS;
-        while (start >= tFirst && at(start - 1) >= firstLower)
-            start -= 1;
+        while (start >= tFirst && at(start - 1) >= firstLower) start -= 1;
         const double span = std::max(0.0, tLast - start);
-        const double step = std::max(1.0 / 12.0, span / (kMaxCurvePoints - 1));
-        const int n = std::min(kMaxCurvePoints, static_cast<int>(span / step + 1e-9) + 1);
+        const double step = std::max(1.0 / 12.0, span / (kMaxCohortPoints - 1));
+        const int n = std::min(kMaxCohortPoints, static_cast<int>(span / step + 1e-9) + 1);
         const auto c = static_cast<size_t>(table.cohorts);
         bool inside = false, growing = false;
         for (int j = 0; j < n; ++j) {
@@ -275,8 +276,7 @@ bool ClipSegment(double& x1, double& y1, double& x2, double& y2, double left, do
 
 }  // namespace
 
-void PlotCurve(ChartCanvas& canvas, const PlotLayout& lay, const CurveTable& table,
-               Colour colour) {
+void PlotCurve(ChartCanvas& canvas, const PlotLayout& lay, const CurveTable& table, Colour colour) {
     if (lay.classes <= 0) return;
     const double top = lay.Y(lay.firstLower + lay.classes * lay.classInterval);
     for (int c = 0; c < table.cohorts; ++c) {
@@ -301,8 +301,7 @@ std::optional<GrowthParams> CheckCurveInputs(const CurveInputs& in, const LfqDat
     if (!ValidateWhole(in.ss, 1, data.noOfSamples, kVbgfInvalidSS, dialogs)) return std::nullopt;
     const double firstLower = data.smallestMl - data.classInterval / 2;
     const double lastUpper = data.largestMl + data.classInterval / 2;
-    if (!ValidateReal(in.sl, firstLower, lastUpper, kVbgfInvalidSL, dialogs))
-        return std::nullopt;
+    if (!ValidateReal(in.sl, firstLower, lastUpper, kVbgfInvalidSL, dialogs)) return std::nullopt;
     GrowthParams p;
     p.loo = TextToSingle(in.loo);
     p.k = TextToSingle(in.k);

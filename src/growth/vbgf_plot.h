@@ -35,7 +35,7 @@ inline constexpr std::array<const char*, 12> kMonthLabels = {
     "Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
 inline constexpr int kMaxCohorts = 12;
-inline constexpr int kMaxCurvePoints = 37;
+inline constexpr int kMaxCohortPoints = 37;
 // Plot geometry on the percentage canvas.
 inline constexpr double kTimeAxisLeft = 15.0;
 inline constexpr double kTimeAxisRight = 98.0;
@@ -63,8 +63,8 @@ std::vector<int> SampleDays(const LfqData& data);
 struct CurveTable {
     int cohorts = 0;
     std::array<int, kMaxCohorts> points{};
-    std::array<std::array<float, kMaxCurvePoints>, kMaxCohorts> length{};
-    std::array<std::array<float, kMaxCurvePoints>, kMaxCohorts> day{};
+    std::array<std::array<float, kMaxCohortPoints>, kMaxCohorts> length{};
+    std::array<std::array<float, kMaxCohortPoints>, kMaxCohorts> day{};
 };
 
 // Fills the table for parameters p with the starting point (p.ss sample number from 1, p.sl).

@@ -95,6 +95,7 @@ FrmMain::FrmMain(Session& session, SettingsStore& settings, DialogService& dialo
         return chosen ? chosen->property("index").toInt() : -1;
     };
     ctx_.showHelp = [this](const QString& name) { showHelp(name); };
+    ctx_.openScreen = [this](const std::string& name) { return showScreen(name); };
 
     mdi_ = new QMdiArea(this);
     mdi_->setObjectName("mdiArea");

@@ -4,6 +4,7 @@
 #include "data/screens/frm_lfq.h"
 #include "data/screens/record_editor.h"
 #include "growth/screens/frm_elefan1.h"
+#include "growth/screens/frm_vbgf_plot.h"
 #include "mortality/screens/frm_ault_erh.h"
 #include "mortality/screens/frm_bh_mort.h"
 #include "mortality/screens/frm_catch_curve.h"
@@ -43,6 +44,10 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
         {"frmELEFAN1",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmElefan1(ctx, parent);
+         }},
+        {"frmVBGFPlot",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmVbgfPlot(ctx, parent);
          }},
         {"frmImport",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmImport(ctx, parent); }},

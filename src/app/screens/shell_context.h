@@ -38,6 +38,11 @@ struct ShellContext {
     std::function<int(const QPoint&)> popupLinkMenu = [](const QPoint&) { return -1; };
     // Opens a help page by screen name ("frmELEFAN1" -> Help/frmELEFAN1.html); "" the contents.
     std::function<void(const QString& screenName)> showHelp = [](const QString&) {};
+    // Shows a screen by name ("frmVBGFPlot"), making it when it is not open; null when the
+    // screen is unknown or there is no shell.
+    std::function<QWidget*(const std::string& screenName)> openScreen = [](const std::string&) {
+        return static_cast<QWidget*>(nullptr);
+    };
 };
 
 // Makes an analysis or tool screen (a single shared instance is kept by the shell).

@@ -1,4 +1,5 @@
 #include "growth/screens/frm_elefan1.h"
+#include "growth/screens/frm_vbgf_plot.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -861,6 +862,7 @@ void FrmElefan1::plotCommand() {
     if (tab == kSurfaceTab) {
         if (!ctx_.dialogs.askYesNo(kSurfaceWarning, kSurfaceWarningTitle, Icon::Warning)) return;
         ctx_.showStatus(kPlotStoredStatus);
+        openVbgfPlot();
         return;
     }
     std::array<QString, 6> values;
@@ -875,6 +877,13 @@ void FrmElefan1::plotCommand() {
     }
     for (int i = 0; i < 6; ++i) ctx_.settings.setRunTime(kLastKeys[i], values[i].toStdString());
     ctx_.showStatus(kPlotStoredStatus);
+    openVbgfPlot();
+}
+
+// The plot screen takes the stored parameters; one already open reads them again.
+void FrmElefan1::openVbgfPlot() {
+    if (auto* plot = dynamic_cast<FrmVbgfPlot*>(ctx_.openScreen("frmVBGFPlot")))
+        plot->ReadDefaults();
 }
 
 void FrmElefan1::openCommand() {

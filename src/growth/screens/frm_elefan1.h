@@ -123,6 +123,7 @@ class FrmElefan1 : public QWidget {
     void clearKScanPlot();
     void drawKScan();
     void plotCommand();
+    void openVbgfPlot();
     void openCommand();
     void reportCommand();
     void beginRun();

@@ -1,0 +1,210 @@
+#include "growth/screens/frm_vbgf_plot.h"
+
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "app/error_report.h"
+#include "data/file_kind.h"
+#include "data/lfq_file.h"
+#include "numerics/format.h"
+#include "plot/kind_a.h"
+#include "plot/report.h"
+#include "plot/screens/output_screen.h"
+#include "plot/screens/plot_view.h"
+
+namespace norvo::gui {
+
+namespace {
+
+QString Q(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+// Runs a handler; a fault ends in the error report, as in every screen.
+template <typename F>
+void Guarded(DialogService& dialogs, F&& f) {
+    try {
+        f();
+    } catch (...) {
+        ReportDefect(dialogs, DescribeCurrentFailure());
+    }
+}
+
+}  // namespace
+
+FrmVbgfPlot::FrmVbgfPlot(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_(ctx) {
+    setObjectName("frmVBGFPlot");
+    setWindowTitle(kVbgfPlotCaption);
+    chooseColour = [this](Colour current, const QString& title) -> std::optional<Colour> {
+        const QColor c = QColorDialog::getColor(QColor::fromRgb(current), this, title);
+        if (!c.isValid()) return std::nullopt;
+        return Rgb(c.red(), c.green(), c.blue());
+    };
+
+    tabs_ = new QTabWidget(this);
+    auto* dataTab = new QWidget;
+    auto* form = new QFormLayout;
+    for (size_t i = 0; i < boxes_.size(); ++i) {
+        boxes_[i] = new QLineEdit;
+        boxes_[i]->setObjectName(QString("txtVBGFPlot%1").arg(i));
+        form->addRow(kVbgfBoxCaptions[i], boxes_[i]);
+    }
+    chkRestructured_ = new QCheckBox(kVbgfUseRestructured);
+    chkCurve_ = new QCheckBox(kVbgfPlotCurve);
+    chkCurve_->setChecked(true);
+    chkSolid_ = new QCheckBox(kVbgfSolidBars);
+    chkSolid_->setChecked(true);
+    auto* lineButton = new QPushButton(kVbgfLineColour);
+    auto* fillButton = new QPushButton(kVbgfFillColour);
+    auto* dataLayout = new QVBoxLayout(dataTab);
+    dataLayout->addLayout(form);
+    dataLayout->addWidget(chkRestructured_);
+    dataLayout->addWidget(chkCurve_);
+    dataLayout->addWidget(chkSolid_);
+    dataLayout->addWidget(lineButton);
+    dataLayout->addWidget(fillButton);
+    dataLayout->addStretch();
+
+    auto* graphTab = new QWidget;
+    view_ = new PlotView;
+    view_->setTracksWidgetSize(false);
+    hscr_ = new QScrollBar(Qt::Horizontal);
+    hscr_->setToolTip(kVbgfScrollTip);
+    hscr_->setRange(0, 0);
+    chkAll_ = new QCheckBox(kVbgfDisplayAll);
+    chkAll_->setToolTip(kVbgfDisplayAllTip);
+    auto* graphLayout = new QVBoxLayout(graphTab);
+    graphLayout->addWidget(view_, 1);
+    graphLayout->addWidget(hscr_);
+    graphLayout->addWidget(chkAll_);
+    tabs_->addTab(dataTab, kVbgfTabData);
+    tabs_->addTab(graphTab, kVbgfTabGraph);
+
+    auto* plot = new QPushButton(kVbgfCmdPlot);
+    auto* open = new QPushButton(kVbgfCmdOpen);
+    auto* print = new QPushButton(kVbgfCmdPrint);
+    auto* closeButton = new QPushButton(kVbgfCmdClose);
+    auto* buttons = new QHBoxLayout;
+    for (auto* b : {plot, open, print, closeButton}) buttons->addWidget(b);
+    auto* top = new QVBoxLayout(this);
+    top->addWidget(tabs_, 1);
+    top->addLayout(buttons);
+
+    connect(plot, &QPushButton::clicked, this, [this] {
+        Guarded(ctx_.dialogs, [this] {
+            if (PlotVBGF()) tabs_->setCurrentIndex(1);
+        });
+    });
+    connect(open, &QPushButton::clicked, this,
+            [this] { Guarded(ctx_.dialogs, [this] { OpenCommand(); }); });
+    connect(print, &QPushButton::clicked, this,
+            [this] { Guarded(ctx_.dialogs, [this] { PrintCommand(); }); });
+    connect(closeButton, &QPushButton::clicked, this, [this] {
+        QWidget* frame = parentWidget() ? parentWidget() : this;
+        frame->close();
+    });
+    connect(lineButton, &QPushButton::clicked, this, [this] {
+        if (auto c = chooseColour(lineColour_, kVbgfLineColour)) lineColour_ = *c;
+        Guarded(ctx_.dialogs, [this] { redraw(); });
+    });
+    connect(fillButton, &QPushButton::clicked, this, [this] {
+        if (auto c = chooseColour(barColour_, kVbgfFillColour)) barColour_ = *c;
+        Guarded(ctx_.dialogs, [this] { redraw(); });
+    });
+    auto redrawOnChange = [this] { Guarded(ctx_.dialogs, [this] { redraw(); }); };
+    for (auto* c : {chkRestructured_, chkCurve_, chkSolid_, chkAll_})
+        connect(c, &QCheckBox::toggled, this, redrawOnChange);
+    connect(hscr_, &QScrollBar::valueChanged, this, redrawOnChange);
+
+    ReadDefaults();
+    const std::string last = ctx_.settings.runTime(kKeyLastActive, kNoActiveFile);
+    if (KindOfPath(last) == "LFQ") Initialize(last);
+}
+
+void FrmVbgfPlot::ReadDefaults() {
+    for (size_t i = 0; i < boxes_.size(); ++i)
+        boxes_[i]->setText(Q(ctx_.settings.runTime(kVbgfSettingKeys[i], i == 4 ? "1" : "")));
+}
+
+void FrmVbgfPlot::Initialize(const std::string& path) {
+    data_.reset();
+    params_.reset();
+    table_ = {};
+    restructuredPoints_.clear();
+    ReadLFQ(path, ctx_.session, ctx_.dialogs);
+    if (ctx_.session.fileReadFailed) {
+        redraw();
+        return;
+    }
+    data_ = ctx_.session.lfqData;
+    if (data_->noOfSamples > 0 && data_->noOfClasses > 0)
+        restructuredPoints_ = RestructureData(*data_);
+    setWindowTitle(Q(std::string(kVbgfPlotCaption) + " [" + path + "]"));
+    redraw();
+}
+
+bool FrmVbgfPlot::PlotVBGF() {
+    if (!data_) return false;
+    CurveInputs in;
+    std::string* fields[] = {&in.loo, &in.k, &in.c, &in.wp, &in.ss, &in.sl};
+    for (size_t i = 0; i < boxes_.size(); ++i) *fields[i] = boxes_[i]->text().toStdString();
+    params_ = CheckCurveInputs(in, *data_, ctx_.dialogs);
+    if (!params_) return false;
+    table_ = ComputePoints(*data_, *params_);
+    redraw();
+    return true;
+}
+
+void FrmVbgfPlot::redraw() {
+    ChartCanvas& canvas = view_->canvas();
+    if (!data_) {
+        BeginPercentCanvas(canvas);
+        view_->update();
+        return;
+    }
+    HistoOptions o;
+    o.restructured = chkRestructured_->isChecked();
+    o.solid = chkSolid_->isChecked();
+    o.displayAll = chkAll_->isChecked();
+    o.barColour = barColour_;
+    hscr_->setEnabled(!o.displayAll);
+    hscr_->blockSignals(true);
+    hscr_->setRange(0, ScrollRangeDays(*data_));
+    hscr_->setPageStep(static_cast<int>(kWindowDays));
+    hscr_->blockSignals(false);
+    o.scrollDay = hscr_->value();
+    const PlotLayout layout = PlotHisto(canvas, *data_, o, &restructuredPoints_);
+    if (params_ && chkCurve_->isChecked()) PlotCurve(canvas, layout, table_, lineColour_);
+    view_->update();
+}
+
+void FrmVbgfPlot::OpenCommand() {
+    FileDialogOptions o;
+    o.title = kVbgfOpenTitle;
+    o.filter = kVbgfOpenFilter;
+    o.startFolder = ctx_.programFolder.toStdString();
+    o.mustExist = true;
+    if (const auto path = ctx_.dialogs.openFile(o)) Initialize(*path);
+}
+
+void FrmVbgfPlot::PrintCommand() {
+    const std::string file = data_ ? data_->path : kVbgfNotAvailable;
+    ReportDescriptor r = MakeReport("frmOutVBGFPlot", kVbgfReportTitle, file);
+    auto& s = r.addSection("Growth parameters", false);
+    const std::array<const char*, 6> captions = {"Loo: ", "K: ", "C: ", "WP: ", "SS: ", "SL: "};
+    for (size_t i = 0; i < boxes_.size(); ++i) {
+        const std::string text = boxes_[i]->text().trimmed().toStdString();
+        s.fields.push_back({captions[i], text.empty() ? kVbgfNotAvailable : text});
+    }
+    PrintReport(r, view_->canvas(), ctx_.dialogs, ctx_.printer);
+}
+
+}  // namespace norvo::gui
