@@ -81,9 +81,10 @@ CurveTable ComputePoints(const LfqData& data, const GrowthParams& p) {
         // the classes, not before the axis starts.
         double start = tSS;
         while (start >= tFirst && at(start - 1) >= firstLower) start -= 1;
+        // Monthly steps at most, fewer on a long axis; the last point falls on the last sample.
         const double span = std::max(0.0, tLast - start);
-        const double step = std::max(1.0 / 12.0, span / (kMaxCohortPoints - 1));
-        const int n = std::min(kMaxCohortPoints, static_cast<int>(span / step + 1e-9) + 1);
+        const int n = std::min(kMaxCohortPoints, static_cast<int>(std::ceil(span * 12 - 1e-9)) + 1);
+        const double step = n > 1 ? span / (n - 1) : 0.0;
         const auto c = static_cast<size_t>(table.cohorts);
         bool inside = false, growing = false;
         for (int j = 0; j < n; ++j) {
@@ -158,6 +159,7 @@ void DrawTimeAxis(ChartCanvas& canvas, const LfqData& data, const PlotLayout& la
     FontSpec font;
     font.sizePoints = kKindALabelSize;
     canvas.SetFont(font);
+    bool yearShown = false;
     for (int year = year0; year <= year0 + 200; ++year) {
         for (int month = 1; month <= 12; ++month) {
             const double day = double(year) * 365 + MonthStart(month) + 1 - origin;
@@ -168,7 +170,9 @@ void DrawTimeAxis(ChartCanvas& canvas, const LfqData& data, const PlotLayout& la
             if ((month - 1) % every != 0) continue;
             canvas.MoveTo(x, kTimeAxisY + 1.5);
             canvas.Print(kMonthLabels[static_cast<size_t>(month - 1)]);
-            if (month == 1) {
+            // The year goes under January, and under the first label when January is not shown.
+            if (month == 1 || !yearShown) {
+                yearShown = true;
                 canvas.MoveTo(x, kTimeAxisY + 4.5);
                 canvas.Print(std::to_string(year));
             }
