@@ -104,7 +104,9 @@ TEST_F(RecordEditorTest, EveryKindMadeFilledSavedAndReopened) {
             for (int c = 0; c < static_cast<int>(k.columns.size()); ++c)
                 EXPECT_EQ(again->grid()->value(r, c), e->grid()->value(r, c)) << r << "," << c;
         EXPECT_EQ(again->boxText("Remarks"), "two rows");
-        if (e->box("Speciesname")) EXPECT_EQ(again->boxText("Speciesname"), "Sepia");
+        if (e->box("Speciesname")) {
+            EXPECT_EQ(again->boxText("Speciesname"), "Sepia");
+        }
         EXPECT_EQ(again->grid()->rowHeading(1), "2");
         EXPECT_EQ(again->grid()->cornerTitle(), k.rowHeading);
         EXPECT_TRUE(again->saved());
