@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 #include "mortality/mortality_reports.h"
 #include "numerics/text_convert.h"
@@ -44,6 +45,37 @@ QPushButton* MakeButton(const QString& caption, const char* objectName, QWidget*
     auto* b = new QPushButton(caption, parent);
     b->setObjectName(objectName);
     return b;
+}
+
+CalcButtons AddCalcButtons(QWidget* owner, const std::function<void()>& onCompute,
+                           const std::function<void()>& onPrint) {
+    CalcButtons b;
+    b.compute = MakeButton(kCalcCompute, "cmdCompute", owner);
+    QObject::connect(b.compute, &QPushButton::clicked, owner, [onCompute] { onCompute(); });
+    if (onPrint) {
+        b.print = MakeButton(kCalcPrint, "cmdPrint", owner);
+        QObject::connect(b.print, &QPushButton::clicked, owner, [onPrint] { onPrint(); });
+    }
+    auto* close = MakeButton(kCalcClose, "cmdClose", owner);
+    QObject::connect(close, &QPushButton::clicked, owner, [owner] { CloseScreen(owner); });
+    b.row = new QHBoxLayout;
+    b.row->addStretch();
+    b.row->addWidget(b.compute);
+    if (b.print) b.row->addWidget(b.print);
+    b.row->addWidget(close);
+    return b;
+}
+
+void LayOutCalculator(QWidget* owner, std::initializer_list<CalcPart> parts, QLayout* buttonRow) {
+    auto* layout = new QVBoxLayout(owner);
+    for (const CalcPart& part : parts) {
+        if (part.widget) {
+            layout->addWidget(part.widget);
+        } else {
+            layout->addLayout(part.layout);
+        }
+    }
+    layout->addLayout(buttonRow);
 }
 
 float BoxValue(const QLineEdit* box) {

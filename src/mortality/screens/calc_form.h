@@ -3,12 +3,17 @@
 // a form layout, buttons, reading a box as a 32-bit value, and the notice of a refused check.
 #include <QString>
 
+#include <functional>
+#include <initializer_list>
+
 #include "app/screens/shell_context.h"
 #include "app/user_notice.h"
 #include "mortality/calc_status.h"
 #include "plot/report.h"
 
 class QFormLayout;
+class QHBoxLayout;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 class QWidget;
@@ -26,6 +31,27 @@ QLineEdit* AddInputRow(QFormLayout* form, const QString& caption, const char* ob
 QLineEdit* AddResultRow(QFormLayout* form, const QString& caption, const char* objectName,
                         const QString& unit = {});
 QPushButton* MakeButton(const QString& caption, const char* objectName, QWidget* parent);
+
+// A calculator's "cmdCompute", "cmdPrint" and "cmdClose" buttons, right-aligned in `row`.
+struct CalcButtons {
+    QPushButton* compute = nullptr;
+    QPushButton* print = nullptr;  // null when the screen prints nothing
+    QHBoxLayout* row = nullptr;
+};
+// Makes the buttons on `owner`: Compute and Print call back, Close closes the screen. Without a
+// print callback there is no Print button.
+CalcButtons AddCalcButtons(QWidget* owner, const std::function<void()>& onCompute,
+                           const std::function<void()>& onPrint = {});
+
+// One part of a calculator's column: a widget or a nested layout.
+struct CalcPart {
+    CalcPart(QWidget* w) : widget(w) {}
+    CalcPart(QLayout* l) : layout(l) {}
+    QWidget* widget = nullptr;
+    QLayout* layout = nullptr;
+};
+// Stacks the parts top to bottom as the owner's layout, the button row last.
+void LayOutCalculator(QWidget* owner, std::initializer_list<CalcPart> parts, QLayout* buttonRow);
 
 // The box's text as a 32-bit value, an empty box being 0 (text that is no number is a
 // conversion fault).

@@ -2,10 +2,7 @@
 
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 #include "app/error_report.h"
 #include "mortality/mortality_reports.h"
@@ -26,22 +23,11 @@ FrmAultErh::FrmAultErh(ShellContext& ctx, QWidget* parent) : QWidget(parent), ct
     txtZ = AddResultRow(outForm, kComputedZCaption, "txtZ", kPerYear);
     txtRoot = AddResultRow(outForm, kAultExactRootCaption, "txtRoot", kPerYear);
 
-    cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
-    cmdPrintButton = MakeButton(kCalcPrint, "cmdPrint", this);
-    connect(cmdPrintButton, &QPushButton::clicked, this, [this] { cmdPrint(); });
-    auto* close = MakeButton(kCalcClose, "cmdClose", this);
-    connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
-    connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdComputeButton);
-    buttons->addWidget(cmdPrintButton);
-    buttons->addWidget(close);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(inputs);
-    layout->addWidget(result);
-    layout->addLayout(buttons);
+    const auto buttons = AddCalcButtons(
+        this, [this] { cmdCompute(); }, [this] { cmdPrint(); });
+    cmdComputeButton = buttons.compute;
+    cmdPrintButton = buttons.print;
+    LayOutCalculator(this, {inputs, result}, buttons.row);
 }
 
 void FrmAultErh::cmdCompute() {

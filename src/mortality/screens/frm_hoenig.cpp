@@ -5,8 +5,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 #include "app/error_report.h"
 #include "mortality/bh_mortality.h"
@@ -54,22 +52,11 @@ FrmHoenig::FrmHoenig(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     }
     txtSe1->setEnabled(false);
 
-    cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
-    cmdPrintButton = MakeButton(kCalcPrint, "cmdPrint", this);
-    connect(cmdPrintButton, &QPushButton::clicked, this, [this] { cmdPrint(); });
-    auto* close = MakeButton(kCalcClose, "cmdClose", this);
-    connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
-    connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdComputeButton);
-    buttons->addWidget(cmdPrintButton);
-    buttons->addWidget(close);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(inputs);
-    layout->addLayout(models);
-    layout->addLayout(buttons);
+    const auto buttons = AddCalcButtons(
+        this, [this] { cmdCompute(); }, [this] { cmdPrint(); });
+    cmdComputeButton = buttons.compute;
+    cmdPrintButton = buttons.print;
+    LayOutCalculator(this, {inputs, models}, buttons.row);
 }
 
 void FrmHoenig::checkTc() {

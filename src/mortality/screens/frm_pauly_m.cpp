@@ -5,9 +5,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QVBoxLayout>
 
 #include "app/error_report.h"
 #include "mortality/bh_mortality.h"
@@ -48,25 +46,11 @@ FrmPaulyM::FrmPaulyM(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     auto* outForm = new QFormLayout(result);
     txtM = AddResultRow(outForm, kPaulyMCaption, "txtM", kPerYear);
 
-    cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
-    cmdPrintButton = MakeButton(kCalcPrint, "cmdPrint", this);
-    connect(cmdPrintButton, &QPushButton::clicked, this, [this] { cmdPrint(); });
-    auto* close = MakeButton(kCalcClose, "cmdClose", this);
-    connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
-    connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdComputeButton);
-    buttons->addWidget(cmdPrintButton);
-    buttons->addWidget(close);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(formBox);
-    layout->addWidget(lblFormula);
-    layout->addWidget(inputs);
-    layout->addWidget(lblRemark);
-    layout->addWidget(result);
-    layout->addLayout(buttons);
+    const auto buttons = AddCalcButtons(
+        this, [this] { cmdCompute(); }, [this] { cmdPrint(); });
+    cmdComputeButton = buttons.compute;
+    cmdPrintButton = buttons.print;
+    LayOutCalculator(this, {formBox, lblFormula, inputs, lblRemark, result}, buttons.row);
 
     optPaulyM[0]->setChecked(true);
     showForm();

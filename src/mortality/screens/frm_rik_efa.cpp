@@ -2,11 +2,8 @@
 
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 #include "app/error_report.h"
 #include "mortality/bh_mortality.h"
@@ -27,22 +24,11 @@ FrmRikEfa::FrmRikEfa(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     auto* outForm = new QFormLayout(result);
     txtM = AddResultRow(outForm, kRikEfaMCaption, "txtM", kPerYear);
 
-    cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
-    cmdPrintButton = MakeButton(kCalcPrint, "cmdPrint", this);
-    connect(cmdPrintButton, &QPushButton::clicked, this, [this] { cmdPrint(); });
-    auto* close = MakeButton(kCalcClose, "cmdClose", this);
-    connect(cmdComputeButton, &QPushButton::clicked, this, [this] { cmdCompute(); });
-    connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdComputeButton);
-    buttons->addWidget(cmdPrintButton);
-    buttons->addWidget(close);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(inputs);
-    layout->addWidget(result);
-    layout->addLayout(buttons);
+    const auto buttons = AddCalcButtons(
+        this, [this] { cmdCompute(); }, [this] { cmdPrint(); });
+    cmdComputeButton = buttons.compute;
+    cmdPrintButton = buttons.print;
+    LayOutCalculator(this, {inputs, result}, buttons.row);
 }
 
 void FrmRikEfa::cmdCompute() {

@@ -2,11 +2,9 @@
 
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include "app/error_report.h"
 #include "mortality/screens/calc_form.h"
@@ -31,19 +29,9 @@ FrmPhiPrime::FrmPhiPrime(ShellContext& ctx, QWidget* parent) : QWidget(parent), 
     formula->setObjectName("lblFormula");
     outForm->addRow(formula);
 
-    cmdComputeButton = MakeButton(kCalcCompute, "cmdCompute", this);
-    auto* close = MakeButton(kCalcClose, "cmdClose", this);
-    connect(cmdComputeButton, &QPushButton::clicked, this, [this] { ComputeParameters(); });
-    connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdComputeButton);
-    buttons->addWidget(close);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(inputs);
-    layout->addWidget(indices);
-    layout->addLayout(buttons);
+    const auto buttons = AddCalcButtons(this, [this] { ComputeParameters(); });
+    cmdComputeButton = buttons.compute;
+    LayOutCalculator(this, {inputs, indices}, buttons.row);
 }
 
 void FrmPhiPrime::ComputeParameters() {
