@@ -73,7 +73,8 @@ TEST_F(FrmVbgfPlotTest, OptionsRedrawAndRefusalsKeepTheBars) {
     settings.setRunTime("LastK", "1.1");
     settings.setRunTime("LastSL", "2");
     FrmVbgfPlot f(ctx);
-    EXPECT_EQ(f.windowTitle().toStdString(), std::string(kVbgfPlotCaption) + " [" + file + "]");
+    const QString caption = QString(kVbgfPlotCaption) + " [" + QString::fromStdString(file) + "]";
+    EXPECT_EQ(f.windowTitle(), caption);
     EXPECT_EQ(f.box(4)->text(), "1");  // a missing LastSS reads as sample 1
     ASSERT_TRUE(f.PlotVBGF());
     const ChartCanvas& c = f.plotView()->canvas();
