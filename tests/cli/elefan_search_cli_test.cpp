@@ -47,7 +47,8 @@ TEST(CliElefanSearch, KScanJsonLayoutThreadsAndPlot) {
     // A fixed starting point is scored at that point in every column.
     auto fixed = RunCli("--json elefan kscan " + file + " --loo 31 --ss 2 --sl 10.5 --fixed-sp");
     ASSERT_EQ(fixed.exitCode, 0) << fixed.err;
-    for (const auto& row : nlohmann::json::parse(fixed.out)["rows"]) {
+    const auto fixedJson = nlohmann::json::parse(fixed.out);
+    for (const auto& row : fixedJson["rows"]) {
         EXPECT_EQ(row["ss"], 2);
         EXPECT_EQ(row["sl"], 10.5);
     }

@@ -168,7 +168,11 @@ FrmCatchCurve::FrmCatchCurve(ShellContext& ctx, QWidget* parent)
     }
 }
 
-FrmCatchCurve::~FrmCatchCurve() = default;
+// The mortality dialogue may outlive this screen's own part of the object (it is parented to the
+// window): cut its "destroyed" connection so that it never writes into a destroyed screen.
+FrmCatchCurve::~FrmCatchCurve() {
+    if (probDialog_) probDialog_->disconnect(this);
+}
 
 const CatchCurveRun* FrmCatchCurve::run() const {
     return st_->run ? &*st_->run : nullptr;

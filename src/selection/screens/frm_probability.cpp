@@ -42,7 +42,10 @@ FrmProbability::FrmProbability(ShellContext& ctx, QWidget* parent)
     build();
 }
 
-FrmProbability::~FrmProbability() = default;
+// The logit window may be destroyed after this screen's own part: cut its "destroyed" connection.
+FrmProbability::~FrmProbability() {
+    if (logits_) logits_->disconnect(this);
+}
 
 void FrmProbability::build() {
     auto* layout = new QHBoxLayout(this);
