@@ -1,6 +1,6 @@
 #include <benchmark/benchmark.h>
 
-#include "numerics/format.h"
+#include "base/format.h"
 
 static void BM_Format(benchmark::State& state) {
     double x = 1234.5678;

@@ -9,7 +9,7 @@ add_dependencies(norvo_runtime_files norvo_templates)
 # The bundled sample data (Data/Simull01.LFQ, Data/Simull02.LFQ), simulated from the defaults,
 # and walk-through files of other kinds from the same simulated stock.
 add_executable(norvo_make_sample_data ${PROJECT_SOURCE_DIR}/src/stock/tools/make_sample_data.cpp)
-target_link_libraries(norvo_make_sample_data PRIVATE norvo_core)
+target_link_libraries(norvo_make_sample_data PRIVATE norvo_methods)
 set_target_properties(norvo_make_sample_data PROPERTIES
   RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tools AUTOMOC OFF)
 add_custom_command(

@@ -3,8 +3,8 @@
 // rightmost three characters of the path, upper-cased; there is no active file per kind.
 #include <string>
 
-#include "app/settings_store.h"
-#include "app/user_notice.h"
+#include "base/settings_store.h"
+#include "base/user_notice.h"
 
 namespace norvo {
 

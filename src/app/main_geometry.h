@@ -2,7 +2,7 @@
 // Where the main window opens and what it stores on closing. Geometry is kept in twips as
 // single-precision numbers; a window closed maximised or minimised keeps its last normal
 // geometry in the store but opens next time at the fixed defaults.
-#include "app/settings_store.h"
+#include "base/settings_store.h"
 
 namespace norvo {
 

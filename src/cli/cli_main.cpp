@@ -1,8 +1,8 @@
 // norvo-cli: runs the system's analyses headless on data files.
 #include <filesystem>
 
+#include "base/fault.h"
 #include "cli/cli_support.h"
-#include "numerics/fault.h"
 
 namespace norvo::cli {
 

@@ -8,9 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "app/scripted_dialogs.h"
 #include "app/session.h"
-#include "app/settings_store.h"
+#include "base/headless_dialogs.h"
+#include "base/outcome.h"
+#include "base/settings_store.h"
 
 namespace norvo::cli {
 
@@ -31,15 +32,33 @@ struct Context {
     std::string programFolder;  // folder of the executable (Templates/ beside it)
     Session session;
     MemorySettingsStore settings;
-    ScriptedDialogs dialogs;  // questions are answered Yes; notices are collected
-    Context() { dialogs.defaultAnswer = Answer::Yes; }
+    HeadlessDialogs dialogs{Answer::Yes};  // questions are answered Yes; notices are kept
 
     // Raises a Refusal from the last notice shown (for checks that report through dialogs).
     [[noreturn]] void refuseWithLastNotice() const {
-        const auto& n = dialogs.last();
+        if (dialogs.shown().empty()) throw std::logic_error("No notice was shown");
+        const auto& n = dialogs.shown().back();
         throw Refusal(n.title, n.text);
     }
-    void print(const nlohmann::json& j) const { std::cout << j.dump(2) << "\n"; }
+    // Shows a core result's notices (after those shown before) and, when the result was
+    // refused, ends the command with its refusal (exit 2).
+    void take(const Outcome& outcome) {
+        for (const UserNotice& n : outcome.notices) dialogs.notify(n);
+        if (const UserNotice* r = outcome.refusal()) throw Refusal(r->title, r->text);
+    }
+    // Every notice shown so far, in order, as [{"title", "text"}, ...].
+    nlohmann::json noticesJson() const {
+        nlohmann::json list = nlohmann::json::array();
+        for (const UserNotice& n : dialogs.shown())
+            list.push_back({{"title", n.title}, {"text", n.text}});
+        return list;
+    }
+    // Prints a JSON object; it carries "notices" (every notice shown on the way) unless the
+    // command has put its own there.
+    void print(nlohmann::json j) const {
+        if (j.is_object() && !j.contains("notices")) j["notices"] = noticesJson();
+        std::cout << j.dump(2) << "\n";
+    }
 };
 
 // Each command file registers itself: the callback adds its subcommand to the app and arranges

@@ -4,10 +4,10 @@
 #include <optional>
 #include <sstream>
 
+#include "base/format.h"
 #include "cli/cli_support.h"
 #include "data/lfq_file.h"
 #include "mortality/catch_curve.h"
-#include "numerics/format.h"
 #include "numerics/text_convert.h"
 
 namespace norvo::cli {
@@ -30,9 +30,9 @@ nlohmann::json Floats(const std::vector<float>& v, int first, int last) {
     return a;
 }
 
-std::vector<std::string> NoticeTexts(const ScriptedDialogs& d, size_t from) {
+std::vector<std::string> NoticeTexts(const HeadlessDialogs& d, size_t from) {
     std::vector<std::string> t;
-    for (size_t i = from; i < d.shown.size(); ++i) t.push_back(d.shown[i].text);
+    for (size_t i = from; i < d.shown().size(); ++i) t.push_back(d.shown()[i].text);
     return t;
 }
 
@@ -45,10 +45,10 @@ double Parse(const std::string& text) {
 void RunCatchCurve(Context& ctx, const CatchCurveCliOptions& o) {
     if (!ValidateGrowthParams({o.loo, o.k, o.c, o.wp, o.t0}, true, true, ctx.dialogs))
         ctx.refuseWithLastNotice();
-    ReadLFQ(o.path, ctx.session, ctx.dialogs);
+    ctx.session.readLfq(o.path, ctx.dialogs);
     if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
     const LfqData& data = ctx.session.lfqData;
-    const size_t noticesBefore = ctx.dialogs.shown.size();
+    const size_t noticesBefore = ctx.dialogs.shown().size();
 
     CatchCurveOptions opt;
     opt.loo = Parse(o.loo);
@@ -96,7 +96,7 @@ void RunCatchCurve(Context& ctx, const CatchCurveCliOptions& o) {
         if (!fitted) throw Refusal(kCcSelectingTitle, kCcSelectingText);
         if (run.seasonal)
             throw Refusal(kCcInvalidActionTitle, SeasonalExtrapolationText(CatchCurveZ(run)));
-        const size_t before = ctx.dialogs.shown.size();
+        const size_t before = ctx.dialogs.shown().size();
         const double z = o.z ? *o.z : CatchCurveZ(run);
         double m = o.m.value_or(0), t = 0;
         if (o.temperature) {

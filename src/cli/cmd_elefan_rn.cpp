@@ -4,12 +4,12 @@
 #include <memory>
 #include <optional>
 
+#include "base/format.h"
 #include "cli/cli_support.h"
 #include "cli/cmd_elefan.h"
 #include "data/lfq_file.h"
 #include "growth/elefan.h"
 #include "growth/elefan_lfq.h"
-#include "numerics/format.h"
 
 namespace norvo::cli {
 namespace {
@@ -30,7 +30,7 @@ double Shortest(float v) {
 }
 
 void RunRn(Context& ctx, const RnOptions& o) {
-    ReadLFQ(o.path, ctx.session, ctx.dialogs);
+    ctx.session.readLfq(o.path, ctx.dialogs);
     if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
     const LfqData& data = ctx.session.lfqData;
     const ElefanModel model = RestructureElefan(ElefanInputFromLfq(data));

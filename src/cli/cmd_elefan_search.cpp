@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 
+#include "base/format.h"
 #include "cli/cli_support.h"
 #include "cli/cmd_elefan.h"
 #include "data/lfq_file.h"
@@ -15,7 +16,6 @@
 #include "growth/elefan_search.h"
 #include "growth/elefan_search_engine.h"
 #include "growth/elefan_search_plot.h"
-#include "numerics/format.h"
 #include "plot/render/canvas_renderer.h"
 
 namespace norvo::cli {
@@ -65,7 +65,7 @@ struct Loaded {
 };
 
 Loaded Load(Context& ctx, const Common& o) {
-    ReadLFQ(o.path, ctx.session, ctx.dialogs);
+    ctx.session.readLfq(o.path, ctx.dialogs);
     if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
     const LfqData& data = ctx.session.lfqData;
     Loaded l;

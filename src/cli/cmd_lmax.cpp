@@ -3,10 +3,10 @@
 #include <QGuiApplication>
 #include <memory>
 
+#include "base/format.h"
 #include "cli/cli_support.h"
 #include "data/lfq_file.h"
-#include "numerics/format.h"
-#include "plot/lmax.h"
+#include "growth/lmax.h"
 #include "plot/render/canvas_renderer.h"
 
 namespace norvo::cli {
@@ -28,7 +28,7 @@ void EnsureGuiApplication() {
 }
 
 void RunLmax(Context& ctx, const LmaxOptions& o) {
-    ReadLFQ(o.path, ctx.session, ctx.dialogs);
+    ctx.session.readLfq(o.path, ctx.dialogs);
     if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
     const LfqData& data = ctx.session.lfqData;
     const auto extremes = ExtremeLengths(data);

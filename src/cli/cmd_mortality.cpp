@@ -5,13 +5,13 @@
 #include <memory>
 #include <optional>
 
+#include "base/format.h"
 #include "cli/cli_support.h"
 #include "mortality/ault_ehrhardt.h"
 #include "mortality/bh_mortality.h"
 #include "mortality/hoenig.h"
 #include "mortality/pauly_m.h"
 #include "mortality/rikhter_efanov.h"
-#include "numerics/format.h"
 
 namespace norvo::cli {
 

@@ -1,9 +1,9 @@
 // norvo-cli phi --k K [--loo L] [--woo W]: the growth performance indices.
 #include <memory>
 
+#include "base/format.h"
 #include "cli/cli_support.h"
-#include "numerics/format.h"
-#include "plot/phi_prime.h"
+#include "growth/phi_prime.h"
 
 namespace norvo::cli {
 namespace {

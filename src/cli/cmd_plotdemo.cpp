@@ -1,8 +1,8 @@
 // norvo-cli plotdemo: draws the two sample plots, to check the picture output path.
 #include <string>
 
+#include "chart/demo_plots.h"
 #include "cli/cli_support.h"
-#include "plot/demo_plots.h"
 #include "plot/render/canvas_renderer.h"
 
 namespace norvo::cli {

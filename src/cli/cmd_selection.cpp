@@ -18,8 +18,9 @@ struct SelectionCliOptions {
 };
 
 void RunSelection(Context& ctx, const SelectionCliOptions& o) {
-    const PrbData prb = ReadPRB(o.path, ctx.session, ctx.dialogs);
-    if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
+    const auto read = ctx.session.readPrb(o.path, ctx.dialogs);
+    if (!read) ctx.refuseWithLastNotice();
+    const PrbData& prb = *read;
     if (prb.length.empty()) throw Refusal(kSelInvalidActionTitle, kSelTooFewPointsText);
     SelectionInput in = SelectionInputFromPrb(prb.length, prb.probability);
 

@@ -2,8 +2,8 @@
 // writes its STOCK and CATCH length-frequency samples.
 #include <filesystem>
 
+#include "base/format.h"
 #include "cli/cli_support.h"
-#include "numerics/format.h"
 #include "stock/simulation.h"
 #include "stock/simulation_file.h"
 
@@ -102,11 +102,11 @@ void RunSimulate(Context& ctx, SimulateOptions& o) {
                                     {"stock", StatsJson(stock.stats[s])},
                                     {"catch", StatsJson(catches.stats[s])}});
         }
-        for (const auto& n : ctx.dialogs.shown) j["notices"].push_back(n.text);
+        for (const auto& n : ctx.dialogs.shown()) j["notices"].push_back(n.text);
         ctx.print(j);
         return;
     }
-    for (const auto& n : ctx.dialogs.shown) std::cout << n.title << ": " << n.text << "\n";
+    for (const auto& n : ctx.dialogs.shown()) std::cout << n.title << ": " << n.text << "\n";
     std::cout << "\nAge\t" << kSimStockLabel << "\t" << kSimCatchLabel << "\n";
     for (const auto& a : ages)
         std::cout << a.age << "\t" << a.stock << "\t" << a.catchCount << "\n";

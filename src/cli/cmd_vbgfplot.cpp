@@ -25,7 +25,7 @@ struct VbgfPlotOptions {
 };
 
 void RunVbgfPlot(Context& ctx, const VbgfPlotOptions& o) {
-    ReadLFQ(o.path, ctx.session, ctx.dialogs);
+    ctx.session.readLfq(o.path, ctx.dialogs);
     if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
     const LfqData& data = ctx.session.lfqData;
     const auto p = CheckCurveInputs(o.in, data, ctx.dialogs);

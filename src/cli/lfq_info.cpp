@@ -2,15 +2,15 @@
 
 #include <cstdio>
 
+#include "base/format.h"
 #include "data/lfq_file.h"
-#include "numerics/format.h"
 
 namespace norvo::cli {
 
 namespace {
 
 const LfqData& ReadOrRefuse(Context& ctx, const std::string& path) {
-    ReadLFQ(path, ctx.session, ctx.dialogs);
+    ctx.session.readLfq(path, ctx.dialogs);
     if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
     return ctx.session.lfqData;
 }

@@ -8,10 +8,10 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "base/checked.h"
+#include "base/fault.h"
 #include "data/file_kind.h"
 #include "data/schema.h"
-#include "numerics/checked.h"
-#include "numerics/fault.h"
 
 namespace norvo {
 
@@ -673,13 +673,13 @@ Records DataStore::openRecords(const std::string& statementOrTable) {
     sqlite3_stmt* st = stmt->get();
     const int first = withRowid ? 1 : 0;
     const int n = sqlite3_column_count(st);
-    const TableSpec* spec = impl->table.empty() ? nullptr : FindTable(c.kind, impl->table);
+    const TableSchema* tableSchema = impl->table.empty() ? nullptr : FindTable(c.kind, impl->table);
     for (int i = first; i < n; ++i) {
         const char* name = sqlite3_column_name(st, i);
         impl->names.emplace_back(name ? name : "");
         std::optional<FieldType> type;
-        if (spec) {
-            if (const FieldSpec* f = FindField(*spec, impl->names.back())) type = f->type;
+        if (tableSchema) {
+            if (const FieldSchema* f = FindField(*tableSchema, impl->names.back())) type = f->type;
         }
         if (!type) {
             if (const char* decl = sqlite3_column_decltype(st, i))
@@ -733,8 +733,8 @@ const std::string& DataStore::path() const {
 std::optional<FieldType> DataStore::fieldType(const std::string& table,
                                               const std::string& field) const {
     const Connection& c = impl_->connection();
-    if (const TableSpec* t = FindTable(c.kind, table)) {
-        if (const FieldSpec* f = FindField(*t, field)) return f->type;
+    if (const TableSchema* t = FindTable(c.kind, table)) {
+        if (const FieldSchema* f = FindField(*t, field)) return f->type;
     }
     Statement s(c, "SELECT name, type FROM pragma_table_info(?1)");
     s.bind(1, table);

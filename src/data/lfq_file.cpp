@@ -5,10 +5,10 @@
 #include <cstdio>
 #include <exception>
 
+#include "base/basic.h"
+#include "base/checked.h"
+#include "base/fault.h"
 #include "data/data_store.h"
-#include "numerics/basic.h"
-#include "numerics/checked.h"
-#include "numerics/fault.h"
 
 namespace norvo {
 
@@ -158,8 +158,7 @@ void SampleToRecord(const LfqSample& s, Records& rs) {
     rs.setField("Remarks", s.remarks);
 }
 
-void ReadLFQ(const std::string& path, Session& session, DialogService& dialogs) {
-    session.fileReadFailed = false;
+ReadResult<LfqData> ReadLFQ(const std::string& path) {
     LfqData d;
     d.path = path;
     try {
@@ -215,12 +214,9 @@ void ReadLFQ(const std::string& path, Session& session, DialogService& dialogs) 
         }
         measures.close();
         store.close();
-        session.lfqData = std::move(d);
+        return d;
     } catch (const std::exception&) {
-        session.lfqData = LfqData{};
-        session.lfqData.path = path;
-        session.fileReadFailed = true;
-        dialogs.notify({kCorruptedOrWrongFormat, kInvalidDataTitle, Buttons::Ok, Icon::Warning});
+        return InvalidDataError(path);
     }
 }
 

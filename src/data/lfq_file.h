@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "app/session.h"
-#include "app/user_notice.h"
+#include "base/user_notice.h"
 #include "data/lfq_data.h"
+#include "data/read_result.h"
 #include "data/store_routines.h"
 
 namespace norvo {
@@ -24,9 +24,8 @@ inline constexpr const char* kTableGlfMeasures = "GLF_Measures";
 
 inline constexpr const char* kFileEmptyText = "File empty or corrupted. Please check your input";
 
-// Reads the whole file into session.lfqData. Clears session.fileReadFailed first; on any failure
-// shows the "Invalid Data" notice, sets the flag and leaves an empty image holding the path.
-void ReadLFQ(const std::string& path, Session& session, DialogService& dialogs);
+// Reads the whole file, or gives the "Invalid Data" read error.
+ReadResult<LfqData> ReadLFQ(const std::string& path);
 
 // The header of any file, without touching the session. The class count is taken from the
 // largest midlength. A file without a header record shows kFileEmptyText and returns an empty

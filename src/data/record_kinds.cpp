@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/checked.h"
 #include "data/data_store.h"
 #include "data/schema.h"
 #include "data/store_routines.h"
-#include "numerics/checked.h"
 
 namespace norvo {
 

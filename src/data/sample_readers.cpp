@@ -11,16 +11,17 @@ namespace norvo {
 
 namespace {
 
-// Opens the file, copies the header record's text fields into the shared image and hands the
-// store to `body`. Any failure shows the notice and sets the flag.
-bool ReadWith(const std::string& path, const char* headerTable, Session& session,
-              DialogService& dialogs, const std::function<void(DataStore&, Records&)>& body) {
-    session.fileReadFailed = false;
+// Opens the file, copies the header record's text fields into `header` and hands the store to
+// `body`. Any failure of the store is the "Invalid Data" read error.
+template <class T>
+ReadResult<T> ReadWith(const std::string& path, const char* headerTable,
+                       const std::function<void(DataStore&, Records&, T&)>& body) {
+    T out;
     try {
         DataStore store = DataStore::open(path);
         Records h = store.openRecords(std::string("SELECT * FROM [") + headerTable + "]");
         if (h.endOfRecords()) throw StoreError("no header record");
-        LfqData& d = session.lfqData;
+        LfqData& d = out.header;
         d.path = path;
         auto text = [&h](const char* field) {
             for (const std::string& name : h.fieldNames())
@@ -33,14 +34,12 @@ bool ReadWith(const std::string& path, const char* headerTable, Session& session
         if (d.unitOfMeasurement.empty()) d.unitOfMeasurement = text("Unit_Of_Length_Measurement");
         d.typeOfMeasurement = text("Type_Of_Measurement");
         d.remarks = text("Remarks");
-        body(store, h);
+        body(store, h, out);
         h.close();
         store.close();
-        return true;
+        return out;
     } catch (const std::exception&) {
-        session.fileReadFailed = true;
-        dialogs.notify({kCorruptedOrWrongFormat, kInvalidDataTitle, Buttons::Ok, Icon::Warning});
-        return false;
+        return InvalidDataError(path);
     }
 }
 
@@ -50,26 +49,22 @@ std::array<float, 3> Triple(const Records& rs, const char* a, const char* b, con
 
 }  // namespace
 
-PrbData ReadPRB(const std::string& path, Session& session, DialogService& dialogs) {
-    PrbData out;
-    const bool ok = ReadWith(path, "PRB", session, dialogs, [&](DataStore& store, Records&) {
+ReadResult<PrbData> ReadPRB(const std::string& path) {
+    return ReadWith<PrbData>(path, "PRB", [](DataStore& store, Records&, PrbData& out) {
         Records rs = store.openRecords("SELECT * FROM [PRB_Measures]");
         for (; !rs.endOfRecords(); rs.moveNext()) {
             out.length.push_back(AsFloat(rs.getField("Length")));
             out.probability.push_back(AsFloat(rs.getField("Probability")));
         }
+        LfqData& d = out.header;
+        d.noOfClasses = static_cast<int32_t>(out.length.size());
+        d.smallestMl = out.length.empty() ? 0.0 : out.length.front();
+        d.largestMl = out.length.empty() ? 0.0 : out.length.back();
     });
-    if (!ok) return {};
-    LfqData& d = session.lfqData;
-    d.noOfClasses = static_cast<int32_t>(out.length.size());
-    d.smallestMl = out.length.empty() ? 0.0 : out.length.front();
-    d.largestMl = out.length.empty() ? 0.0 : out.length.back();
-    return out;
 }
 
-std::vector<MsdRow> ReadMSD(const std::string& path, Session& session, DialogService& dialogs) {
-    std::vector<MsdRow> out;
-    const bool ok = ReadWith(path, "MSD", session, dialogs, [&](DataStore& store, Records&) {
+ReadResult<MsdData> ReadMSD(const std::string& path) {
+    return ReadWith<MsdData>(path, "MSD", [](DataStore& store, Records&, MsdData& out) {
         Records rs = store.openRecords(
             "SELECT * FROM [MSD_Measures] ORDER BY DateYear, DateMonth, DateDay, Length");
         for (; !rs.endOfRecords(); rs.moveNext()) {
@@ -80,53 +75,42 @@ std::vector<MsdRow> ReadMSD(const std::string& path, Session& session, DialogSer
             r.length = AsFloat(rs.getField("Length"));
             r.sd = AsFloat(rs.getField("SD"));
             r.population = AsFloat(rs.getField("Population"));
-            out.push_back(r);
+            out.rows.push_back(r);
         }
     });
-    return ok ? out : std::vector<MsdRow>{};
 }
 
-std::vector<GinRow> ReadGIN(const std::string& path, Session& session, SettingsStore& settings,
-                            DialogService& dialogs) {
-    std::vector<GinRow> out;
-    const bool ok = ReadWith(path, "GIN", session, dialogs, [&](DataStore& store, Records&) {
+ReadResult<GinData> ReadGIN(const std::string& path) {
+    return ReadWith<GinData>(path, "GIN", [](DataStore& store, Records&, GinData& out) {
         static constexpr const char* kFields[] = {"Day1", "Month1", "Year1", "Length1",
                                                   "Day2", "Month2", "Year2", "Length2"};
         Records rs = store.openRecords("SELECT * FROM [GIN_Measures]");
         for (; !rs.endOfRecords(); rs.moveNext()) {
             GinRow row{};
             for (int i = 0; i < 8; ++i) row[i + 1] = AsFloat(rs.getField(kFields[i]));
-            out.push_back(row);
+            out.rows.push_back(row);
         }
+        out.header.noOfSamples = static_cast<int32_t>(out.rows.size());
     });
-    if (!ok) return {};
-    session.lfqData.noOfSamples = static_cast<int32_t>(out.size());
-    // The growth screens can pick a file by hand; it becomes the active file.
-    settings.setRunTime(kKeyLastActive, path);
-    return out;
 }
 
-CaaData ReadCAA(const std::string& path, Session& session, DialogService& dialogs) {
-    CaaData out;
-    const bool ok = ReadWith(path, "CAA", session, dialogs, [&](DataStore& store, Records& h) {
+ReadResult<CaaData> ReadCAA(const std::string& path) {
+    return ReadWith<CaaData>(path, "CAA", [](DataStore& store, Records& h, CaaData& out) {
         out.unitOfWeight = AsText(h.getField("Unit_Of_Weight_Measurement"));
         out.unitOfAge = AsText(h.getField("Unit_Of_Age_Measurement"));
         Records rs = store.openRecords("SELECT * FROM [CAA_Measures]");
         for (; !rs.endOfRecords(); rs.moveNext())
             out.rows.push_back(Triple(rs, "Age", "Catch", "WF"));
     });
-    return ok ? out : CaaData{};
 }
 
-LaaData ReadLAA(const std::string& path, Session& session, DialogService& dialogs) {
-    LaaData out;
-    const bool ok = ReadWith(path, "LAA", session, dialogs, [&](DataStore& store, Records& h) {
+ReadResult<LaaData> ReadLAA(const std::string& path) {
+    return ReadWith<LaaData>(path, "LAA", [](DataStore& store, Records& h, LaaData& out) {
         out.unitOfAge = AsText(h.getField("Unit_Of_Age_Measurement"));
         Records rs = store.openRecords("SELECT * FROM [LAA_Measures]");
         for (; !rs.endOfRecords(); rs.moveNext())
             out.rows.push_back(Triple(rs, "Age", "Length", "WF"));
     });
-    return ok ? out : LaaData{};
 }
 
 }  // namespace norvo

@@ -9,12 +9,12 @@ namespace {
 
 using T = FieldType;
 
-TableSpec MeasuresTable(const char* name, std::vector<FieldSpec> fields) {
+TableSchema MeasuresTable(const char* name, std::vector<FieldSchema> fields) {
     return {name, std::move(fields)};
 }
 
-std::map<std::string, std::vector<TableSpec>> BuildSchemas() {
-    std::map<std::string, std::vector<TableSpec>> s;
+std::map<std::string, std::vector<TableSchema>> BuildSchemas() {
+    std::map<std::string, std::vector<TableSchema>> s;
 
     s["LFQ"] = {
         {"Grouped_LF",
@@ -55,7 +55,7 @@ std::map<std::string, std::vector<TableSpec>> BuildSchemas() {
     };
 
     // Header of the ungrouped and variably grouped kinds.
-    const std::vector<FieldSpec> lfHeader = {
+    const std::vector<FieldSchema> lfHeader = {
         {"Speciesname", T::Text},         {"Other_ID", T::Text},
         {"Sampling_Date", T::Date},       {"Unit_Of_Measurement", T::Text},
         {"Type_Of_Measurement", T::Text}, {"Remarks", T::Text}};
@@ -195,21 +195,21 @@ bool SameName(std::string_view a, std::string_view b) {
     return true;
 }
 
-const std::vector<TableSpec>& SchemaOf(std::string_view kindCode) {
+const std::vector<TableSchema>& SchemaOf(std::string_view kindCode) {
     static const auto schemas = BuildSchemas();
-    static const std::vector<TableSpec> none;
+    static const std::vector<TableSchema> none;
     const auto it = schemas.find(Upper(kindCode));
     return it == schemas.end() ? none : it->second;
 }
 
-const TableSpec* FindTable(std::string_view kindCode, std::string_view table) {
+const TableSchema* FindTable(std::string_view kindCode, std::string_view table) {
     for (const auto& t : SchemaOf(kindCode)) {
         if (SameName(t.name, table)) return &t;
     }
     return nullptr;
 }
 
-const FieldSpec* FindField(const TableSpec& table, std::string_view field) {
+const FieldSchema* FindField(const TableSchema& table, std::string_view field) {
     for (const auto& f : table.fields) {
         if (SameName(f.name, field)) return &f;
     }
@@ -243,7 +243,7 @@ std::optional<FieldType> FieldTypeFromDeclared(std::string_view declared) {
     return std::nullopt;
 }
 
-std::string CreateTableStatement(const TableSpec& table) {
+std::string CreateTableStatement(const TableSchema& table) {
     std::string sql = "CREATE TABLE " + Quote(table.name) + " (";
     for (size_t i = 0; i < table.fields.size(); ++i) {
         if (i) sql += ", ";

@@ -10,29 +10,29 @@
 
 namespace norvo {
 
-struct FieldSpec {
+struct FieldSchema {
     const char* name;
     FieldType type;
 };
 
-struct TableSpec {
+struct TableSchema {
     const char* name;
-    std::vector<FieldSpec> fields;
+    std::vector<FieldSchema> fields;
 };
 
 // The tables of a kind ("LFQ", case ignored), header table first; empty for an unknown kind.
-const std::vector<TableSpec>& SchemaOf(std::string_view kindCode);
+const std::vector<TableSchema>& SchemaOf(std::string_view kindCode);
 // A table of a kind, names compared without regard to case.
-const TableSpec* FindTable(std::string_view kindCode, std::string_view table);
-// A field of a table spec, names compared without regard to case.
-const FieldSpec* FindField(const TableSpec& table, std::string_view field);
+const TableSchema* FindTable(std::string_view kindCode, std::string_view table);
+// A field of a table, names compared without regard to case.
+const FieldSchema* FindField(const TableSchema& table, std::string_view field);
 
 // The column type declared in a template for a field width ("SMALLINT", "FLOAT4", ...), and back.
 const char* DeclaredType(FieldType type);
 std::optional<FieldType> FieldTypeFromDeclared(std::string_view declared);
 
 // The CREATE TABLE statement of a table, with quoted names and declared types.
-std::string CreateTableStatement(const TableSpec& table);
+std::string CreateTableStatement(const TableSchema& table);
 
 // Case-insensitive equality of ASCII names.
 bool SameName(std::string_view a, std::string_view b);

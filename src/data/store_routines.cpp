@@ -7,7 +7,7 @@
 #include <cctype>
 #include <filesystem>
 
-#include "app/settings_store.h"
+#include "base/settings_store.h"
 #include "data/file_kind.h"
 
 namespace fs = std::filesystem;

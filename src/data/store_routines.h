@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "app/user_notice.h"
+#include "base/user_notice.h"
 #include "data/data_store.h"
 
 namespace norvo {
@@ -17,7 +17,6 @@ inline constexpr const char* kWrongFileType =
     "Wrong file type defined. Please check and try again.";
 inline constexpr const char* kFileNotFoundTitle = "File Not Found!";
 inline constexpr const char* kCreateFileTitle = "Create File";
-inline constexpr const char* kInvalidDataTitle = "Invalid Data";
 inline constexpr const char* kCorruptedOrWrongFormat =
     "The file is corrupted or has the wrong data format. Please check and try again.";
 inline constexpr const char* kFileSaveError = "File Save Error. File not saved!";

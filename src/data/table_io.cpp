@@ -5,14 +5,12 @@
 #include <fstream>
 #include <sstream>
 
-#include "app/scripted_dialogs.h"
-#include "app/session.h"
+#include "base/checked.h"
 #include "data/file_kind.h"
 #include "data/lfq_file.h"
 #include "data/record_kinds.h"
 #include "data/schema.h"
 #include "data/store_routines.h"
-#include "numerics/checked.h"
 
 namespace norvo {
 
@@ -57,11 +55,9 @@ bool ParseTableDate(const std::string& text, int& d, int& m, int& y) {
 }
 
 Rows LfqTable(const std::string& path) {
-    Session session;
-    ScriptedDialogs quiet;
-    ReadLFQ(path, session, quiet);
-    if (session.fileReadFailed) throw StoreError("cannot read " + path);
-    const LfqData& d = session.lfqData;
+    const ReadResult<LfqData> read = ReadLFQ(path);
+    if (!read) throw StoreError("cannot read " + path);
+    const LfqData& d = read.value();
     Rows rows;
     std::vector<std::string> heading{kMidlengthHeading};
     for (int s = 0; s < d.noOfSamples; ++s) {

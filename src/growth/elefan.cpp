@@ -4,10 +4,10 @@
 #include <cmath>
 #include <string>
 
-#include "numerics/basic.h"
-#include "numerics/checked.h"
-#include "numerics/fault.h"
-#include "numerics/format.h"
+#include "base/basic.h"
+#include "base/checked.h"
+#include "base/fault.h"
+#include "base/format.h"
 
 namespace norvo {
 namespace {

@@ -1,7 +1,7 @@
 #include "growth/elefan_lfq.h"
 
-#include "numerics/checked.h"
-#include "numerics/fault.h"
+#include "base/checked.h"
+#include "base/fault.h"
 
 namespace norvo {
 

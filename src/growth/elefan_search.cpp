@@ -6,9 +6,9 @@
 #include <limits>
 #include <thread>
 
-#include "numerics/basic.h"
-#include "numerics/fault.h"
-#include "numerics/format.h"
+#include "base/basic.h"
+#include "base/fault.h"
+#include "base/format.h"
 
 namespace norvo {
 

@@ -12,9 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "app/user_notice.h"
-#include "numerics/checked.h"
-#include "plot/chart_canvas.h"
+#include "base/checked.h"
+#include "base/user_notice.h"
+#include "chart/chart_canvas.h"
 
 namespace norvo {
 

@@ -2,11 +2,11 @@
 
 #include <cmath>
 
-#include "numerics/basic.h"
-#include "numerics/checked.h"
-#include "numerics/format.h"
-#include "plot/kind_a.h"
-#include "plot/rotated_text.h"
+#include "base/basic.h"
+#include "base/checked.h"
+#include "base/format.h"
+#include "chart/kind_a.h"
+#include "chart/rotated_text.h"
 
 namespace norvo {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "chart/chart_canvas.h"
 #include "growth/elefan_search.h"
-#include "plot/chart_canvas.h"
 
 namespace norvo {
 

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "numerics/checked.h"
-#include "numerics/fault.h"
+#include "base/checked.h"
+#include "base/fault.h"
 
 namespace norvo {
 

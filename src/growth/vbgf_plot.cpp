@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/checked.h"
+#include "base/format.h"
+#include "chart/kind_a.h"
+#include "chart/rotated_text.h"
 #include "growth/elefan.h"
 #include "growth/elefan_lfq.h"
-#include "numerics/checked.h"
-#include "numerics/format.h"
 #include "numerics/text_convert.h"
 #include "numerics/validators.h"
-#include "plot/kind_a.h"
-#include "plot/rotated_text.h"
 
 namespace norvo {
 
@@ -156,7 +156,7 @@ void DrawTimeAxis(ChartCanvas& canvas, const LfqData& data, const PlotLayout& la
     const int year0 = data.year[0];
     const double lastDay = lay.windowStartDay + (kTimeAxisRight - kTimeAxisLeft) / lay.xPerDay;
     const int every = MonthLabelEvery(lay.zoom);
-    FontSpec font;
+    FontStyle font;
     font.sizePoints = kKindALabelSize;
     canvas.SetFont(font);
     bool yearShown = false;

@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "app/user_notice.h"
+#include "base/user_notice.h"
+#include "chart/chart_canvas.h"
 #include "data/lfq_data.h"
 #include "growth/vbgf.h"
-#include "plot/chart_canvas.h"
 
 namespace norvo {
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "numerics/checked.h"
+#include "base/checked.h"
 #include "numerics/validators.h"
 
 namespace norvo {

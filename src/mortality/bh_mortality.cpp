@@ -1,6 +1,6 @@
 #include "mortality/bh_mortality.h"
 
-#include "numerics/checked.h"
+#include "base/checked.h"
 #include "numerics/validators.h"
 
 namespace norvo {

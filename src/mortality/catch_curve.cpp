@@ -3,11 +3,11 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "base/basic.h"
+#include "base/checked.h"
+#include "base/fault.h"
+#include "base/format.h"
 #include "growth/vbgf.h"
-#include "numerics/basic.h"
-#include "numerics/checked.h"
-#include "numerics/fault.h"
-#include "numerics/format.h"
 #include "numerics/text_convert.h"
 #include "numerics/validators.h"
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "app/user_notice.h"
+#include "base/user_notice.h"
 #include "data/lfq_data.h"
 #include "numerics/regression.h"
 

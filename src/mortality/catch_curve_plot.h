@@ -1,14 +1,13 @@
 #pragma once
-// Pictures and reports of the catch curve and of the selection curves, drawn on the percentage
-// canvas (x 20..95, y 85 up to 15).
+// Pictures and the report of the catch curve, drawn on the percentage canvas (x 20..95, y 85
+// up to 15).
 #include <ctime>
 #include <string>
 #include <vector>
 
+#include "chart/chart_canvas.h"
+#include "chart/report.h"
 #include "mortality/catch_curve.h"
-#include "plot/chart_canvas.h"
-#include "plot/report.h"
-#include "selection/selection.h"
 
 namespace norvo {
 
@@ -24,25 +23,7 @@ int HitCatchCurvePoint(const std::vector<UserPoint>& points, int first, int last
 CcScale DrawCatchCurve(ChartCanvas& canvas, const CatchCurveRun& run, int pickedFirst = 0,
                        int pickedLast = 0, const Extrapolation* ex = nullptr);
 
-// Probability of capture by class, with an estimated curve and its three lengths when given.
-void DrawProbabilityPlot(ChartCanvas& canvas, const SelectionInput& in, const SelectionCurve* curve,
-                         const std::string& unit);
-// The logit points (selected ones filled) and the fitted line between the first and last
-// selected point when `fit` is given.
-struct LogitFrame {
-    double xMin = 0, xScale = 1, yMin = 0, yScale = 1;
-    UserPoint at(double x, double y) const {
-        return {20 + (x - xMin) * xScale, 85 - (y - yMin) * yScale};
-    }
-};
-LogitFrame DrawLogits(ChartCanvas& canvas, const LogitPoints& pts, int firstPoint,
-                      const RegressionResult* fit, const std::string& unit);
-
-// Reports of the catch curve and of the selection screens.
+// The report of the catch curve.
 ReportDescriptor CatchCurveReport(const LfqData& data, const CatchCurveRun& run,
                                   std::time_t when = std::time(nullptr));
-ReportDescriptor SelectionReport(const std::string& title, const LfqData& header,
-                                 const SelectionCurve& curve,
-                                 std::time_t when = std::time(nullptr));
-
 }  // namespace norvo

@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "numerics/checked.h"
+#include "base/checked.h"
 
 namespace norvo {
 

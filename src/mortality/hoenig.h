@@ -2,13 +2,13 @@
 // Total mortality from the age of the oldest animals (Hoenig's two models).
 #include <optional>
 
+#include "base/user_notice.h"
 #include "mortality/calc_status.h"
 
 namespace norvo {
 
 inline constexpr const char* kNoSelectionTitle = "No Selection";
 inline constexpr const char* kNoSelectionMessage = "No model was selected to compute Z.";
-inline constexpr const char* kInvalidDataTitle = "Invalid Data";
 // Shown by Compute.
 inline constexpr const char* kTcNotBelowTmaxMessage =
     "tc must be smaller than tmax. Please adjust the values and try again.";

@@ -1,8 +1,8 @@
 #include "mortality/mortality_reports.h"
 
-#include "numerics/format.h"
-#include "plot/kind_a.h"
-#include "plot/rotated_text.h"
+#include "base/format.h"
+#include "chart/kind_a.h"
+#include "chart/rotated_text.h"
 
 namespace norvo {
 namespace {

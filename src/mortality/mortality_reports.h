@@ -3,13 +3,13 @@
 // descriptors, in the formats the screens show.
 #include <ctime>
 
+#include "chart/chart_canvas.h"
+#include "chart/report.h"
 #include "mortality/ault_ehrhardt.h"
 #include "mortality/bh_mortality.h"
 #include "mortality/hoenig.h"
 #include "mortality/pauly_m.h"
 #include "mortality/rikhter_efanov.h"
-#include "plot/chart_canvas.h"
-#include "plot/report.h"
 
 namespace norvo {
 

@@ -1,6 +1,6 @@
 #include "mortality/pauly_m.h"
 
-#include "numerics/checked.h"
+#include "base/checked.h"
 #include "numerics/validators.h"
 
 namespace norvo {

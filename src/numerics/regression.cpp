@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "numerics/basic.h"
-#include "numerics/checked.h"
-#include "numerics/fault.h"
+#include "base/basic.h"
+#include "base/checked.h"
+#include "base/fault.h"
 
 namespace norvo {
 namespace {

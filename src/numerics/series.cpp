@@ -3,9 +3,9 @@
 #include <limits>
 #include <utility>
 
-#include "numerics/basic.h"
-#include "numerics/checked.h"
-#include "numerics/fault.h"
+#include "base/basic.h"
+#include "base/checked.h"
+#include "base/fault.h"
 #include "numerics/text_convert.h"
 
 namespace norvo {
@@ -94,10 +94,10 @@ float ArrayMean(std::span<const float> values, int32_t from, int32_t count) {
     return R4(sum / static_cast<double>(end - begin));
 }
 
-double ArraySum(std::span<const FieldValue> values, int32_t from, int32_t count) {
+double ArraySum(std::span<const double> values, int32_t from, int32_t count) {
     const auto [begin, end] = Range(values.size(), from, count);
     double sum = 0;
-    for (size_t i = begin; i < end; ++i) sum = CheckFinite(sum + VariantToDouble(values[i]));
+    for (size_t i = begin; i < end; ++i) sum = CheckFinite(sum + values[i]);
     return sum;
 }
 

@@ -5,8 +5,6 @@
 #include <span>
 #include <vector>
 
-#include "data/data_store.h"
-
 namespace norvo {
 
 inline constexpr float kNoMean = -9999.0f;  // ArrayMean of an empty range
@@ -31,8 +29,8 @@ void Decrement(int32_t& v);
 // element, count < 1 runs to the end. An empty range gives -9999. A range past the end is a
 // SubscriptFault.
 float ArrayMean(std::span<const float> values, int32_t from, int32_t count);
-// The same range rule over field values (null counts 0); an empty range sums to 0.
-double ArraySum(std::span<const FieldValue> values, int32_t from, int32_t count);
+// Sum over the same range rule; an empty range sums to 0.
+double ArraySum(std::span<const double> values, int32_t from, int32_t count);
 
 // Series kinds: 1 arithmetic (first + i * step), 2 geometric (first * step ^ i), i from 0.
 enum class SeriesKind : int { Arithmetic = 1, Geometric = 2 };

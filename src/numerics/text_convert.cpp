@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-#include "numerics/basic.h"
-#include "numerics/checked.h"
-#include "numerics/fault.h"
+#include "base/basic.h"
+#include "base/checked.h"
+#include "base/fault.h"
 
 namespace norvo {
 namespace {
@@ -125,17 +125,6 @@ float TextToSingle(std::string_view text) {
 
 double TextToDouble(std::string_view text) {
     return CheckFinite(ConvertOrFault(text));
-}
-
-double VariantToDouble(const FieldValue& value) {
-    if (const auto* i = std::get_if<int64_t>(&value)) return static_cast<double>(*i);
-    if (const auto* d = std::get_if<double>(&value)) return CheckFinite(*d);
-    if (const auto* s = std::get_if<std::string>(&value)) return TextToDouble(*s);
-    return 0.0;
-}
-
-float VariantToSingle(const FieldValue& value) {
-    return R4(VariantToDouble(value));
 }
 
 }  // namespace norvo

@@ -6,8 +6,6 @@
 #include <cstdint>
 #include <string_view>
 
-#include "data/data_store.h"
-
 namespace norvo {
 
 // The locale's decimal separator. Taken from the C library's locale unless set explicitly
@@ -25,9 +23,5 @@ int16_t TextToInteger(std::string_view text);  // rounded half to even
 int32_t TextToLong(std::string_view text);     // rounded half to even
 float TextToSingle(std::string_view text);
 double TextToDouble(std::string_view text);
-
-// A field value: null or a value whose text is empty gives 0; text is read as by TextToSingle.
-float VariantToSingle(const FieldValue& value);
-double VariantToDouble(const FieldValue& value);
 
 }  // namespace norvo

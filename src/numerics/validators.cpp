@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "numerics/fault.h"
-#include "numerics/format.h"
+#include "base/fault.h"
+#include "base/format.h"
 #include "numerics/text_convert.h"
 
 namespace norvo {

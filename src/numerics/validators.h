@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/user_notice.h"
+#include "base/user_notice.h"
 
 namespace norvo {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/checked.h"
+#include "base/fault.h"
 #include "data/record_kinds.h"
-#include "numerics/checked.h"
-#include "numerics/fault.h"
 
 namespace norvo {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/user_notice.h"
+#include "base/user_notice.h"
 #include "numerics/regression.h"
 
 namespace norvo {

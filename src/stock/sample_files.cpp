@@ -3,10 +3,10 @@
 #include <cmath>
 #include <filesystem>
 
+#include "base/checked.h"
+#include "base/format.h"
 #include "data/data_store.h"
 #include "data/store_routines.h"
-#include "numerics/checked.h"
-#include "numerics/format.h"
 #include "stock/simulation_file.h"
 
 namespace norvo {

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <limits>
 
-#include "numerics/checked.h"
-#include "numerics/format.h"
+#include "base/checked.h"
+#include "base/format.h"
 
 namespace norvo {
 

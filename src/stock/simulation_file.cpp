@@ -3,10 +3,10 @@
 #include <ctime>
 #include <filesystem>
 
+#include "base/checked.h"
 #include "data/data_store.h"
 #include "data/lfq_file.h"
 #include "data/store_routines.h"
-#include "numerics/checked.h"
 
 namespace norvo {
 

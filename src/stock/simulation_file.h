@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "app/user_notice.h"
+#include "base/user_notice.h"
 #include "stock/simulation.h"
 
 namespace norvo {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/scripted_dialogs.h"
+#include "support/scripted_dialogs.h"
 
 namespace norvo {
 namespace {

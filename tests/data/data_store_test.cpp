@@ -8,8 +8,8 @@
 #include <fstream>
 #include <random>
 
+#include "base/fault.h"
 #include "data/store_routines.h"
-#include "numerics/fault.h"
 #include "support/test_paths.h"
 
 namespace norvo {

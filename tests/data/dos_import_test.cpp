@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "app/scripted_dialogs.h"
 #include "data/lfq_file.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
 namespace norvo {
@@ -49,11 +49,9 @@ TEST(DosImport, GridOfTwoSamplesWithDifferentFirstClasses) {
 
     const std::string out = dir.file("new.lfq");
     SaveDosImport(out, test::BinDir().string(), d);
-    Session s;
-    ScriptedDialogs dialogs;
-    ReadLFQ(out, s, dialogs);
-    ASSERT_FALSE(s.fileReadFailed);
-    const LfqData& l = s.lfqData;
+    const ReadResult<LfqData> read = ReadLFQ(out);
+    ASSERT_TRUE(read.ok());
+    const LfqData& l = read.value();
     EXPECT_EQ(l.speciesname, "Sardinella");
     EXPECT_EQ(l.otherId, "Bay 3");
     EXPECT_EQ(l.remarks, kImportRemarks);

@@ -7,9 +7,9 @@
 #include <fstream>
 #include <random>
 
-#include "app/scripted_dialogs.h"
+#include "base/fault.h"
 #include "data/data_store.h"
-#include "numerics/fault.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
 namespace norvo {
@@ -94,13 +94,9 @@ TEST(LfqFile, WrittenFileReadsBackAndRewritesToTheSameStore) {
     EXPECT_EQ(measures[0].substr(0, 6), "1|4.5|");
     EXPECT_EQ(measures[5].substr(0, 6), "2|5|2|");
 
-    Session session;
-    ScriptedDialogs dialogs;
-    session.fileReadFailed = true;  // cleared by a good read
-    ReadLFQ(path, session, dialogs);
-    ASSERT_FALSE(session.fileReadFailed);
-    EXPECT_TRUE(dialogs.shown.empty());
-    const LfqData& d = session.lfqData;
+    const ReadResult<LfqData> read = ReadLFQ(path);
+    ASSERT_TRUE(read.ok());
+    const LfqData& d = read.value();
     EXPECT_EQ(d.path, path);
     EXPECT_EQ(d.speciesname, "Leiognathus splendens");
     EXPECT_EQ(d.otherId, "Manila Bay");
@@ -164,16 +160,13 @@ TEST(LfqFile, UnreadableFilesSetTheFailureFlagWithOneNotice) {
 
     for (const std::string& path : {noHeader, junk, shortMeasures, dir.file("missing.lfq")}) {
         SCOPED_TRACE(path);
-        Session session;
-        ScriptedDialogs dialogs;
-        ReadLFQ(path, session, dialogs);
-        EXPECT_TRUE(session.fileReadFailed);
-        ASSERT_EQ(dialogs.shown.size(), 1u);
-        EXPECT_EQ(dialogs.last().title, "Invalid Data");
-        EXPECT_EQ(dialogs.last().text,
+        const ReadResult<LfqData> read = ReadLFQ(path);
+        ASSERT_FALSE(read.ok());
+        EXPECT_EQ(read.error().path, path);
+        EXPECT_EQ(read.error().notice.title, "Invalid Data");
+        EXPECT_EQ(read.error().notice.text,
                   "The file is corrupted or has the wrong data format. Please check and try "
                   "again.");
-        EXPECT_EQ(session.lfqData.noOfSamples, 0);
     }
 }
 
@@ -181,14 +174,13 @@ TEST(LfqFile, HeaderWithoutMeasuresHasNoClasses) {
     TempDir dir;
     const std::string path = NewLfq(dir);
     WriteLfqHeader(path, SomeHeader());
-    Session session;
-    ScriptedDialogs dialogs;
-    ReadLFQ(path, session, dialogs);
-    EXPECT_FALSE(session.fileReadFailed);
-    EXPECT_EQ(session.lfqData.noOfClasses, 0);
-    EXPECT_EQ(session.lfqData.noOfSamples, 0);
-    EXPECT_EQ(session.lfqData.speciesname, "Leiognathus splendens");
+    const ReadResult<LfqData> read = ReadLFQ(path);
+    ASSERT_TRUE(read.ok());
+    EXPECT_EQ(read->noOfClasses, 0);
+    EXPECT_EQ(read->noOfSamples, 0);
+    EXPECT_EQ(read->speciesname, "Leiognathus splendens");
 
+    ScriptedDialogs dialogs;
     const LfqHeader h = ReadLfqHeader(path, dialogs);
     EXPECT_EQ(h.noOfClasses, 0);
     EXPECT_TRUE(dialogs.shown.empty());

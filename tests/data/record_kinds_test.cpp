@@ -14,8 +14,8 @@ namespace {
 TEST(RecordKinds, EveryDescriptorMatchesItsSchema) {
     ASSERT_EQ(RecordKinds().size(), 9u);
     for (const RecordKind& k : RecordKinds()) {
-        const TableSpec* header = FindTable(k.code, k.headerTable);
-        const TableSpec* measures = FindTable(k.code, k.measuresTable);
+        const TableSchema* header = FindTable(k.code, k.headerTable);
+        const TableSchema* measures = FindTable(k.code, k.measuresTable);
         ASSERT_NE(header, nullptr) << k.code;
         ASSERT_NE(measures, nullptr) << k.code;
         for (const HeaderBox& b : k.boxes)

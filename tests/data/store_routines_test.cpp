@@ -5,9 +5,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "app/scripted_dialogs.h"
 #include "data/file_kind.h"
 #include "data/schema.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
 namespace norvo {

@@ -9,8 +9,8 @@
 #include <functional>
 #include <mutex>
 
-#include "app/scripted_dialogs.h"
-#include "numerics/fault.h"
+#include "base/fault.h"
+#include "support/scripted_dialogs.h"
 
 namespace norvo {
 namespace {

@@ -7,8 +7,8 @@
 #include <thread>
 #include <vector>
 
-#include "numerics/checked.h"
-#include "numerics/fault.h"
+#include "base/checked.h"
+#include "base/fault.h"
 
 namespace norvo {
 namespace {

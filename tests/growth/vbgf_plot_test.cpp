@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/scripted_dialogs.h"
-#include "numerics/checked.h"
+#include "base/checked.h"
+#include "support/scripted_dialogs.h"
 
 namespace norvo {
 namespace {

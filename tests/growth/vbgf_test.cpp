@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "numerics/fault.h"
+#include "base/fault.h"
 
 namespace norvo {
 namespace {

@@ -4,9 +4,9 @@
 
 #include <cmath>
 
-#include "app/scripted_dialogs.h"
-#include "numerics/fault.h"
+#include "base/fault.h"
 #include "stock/simulation.h"
+#include "support/scripted_dialogs.h"
 
 namespace norvo {
 namespace {

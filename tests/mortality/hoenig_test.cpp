@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "numerics/fault.h"
+#include "base/fault.h"
 
 namespace norvo {
 namespace {

@@ -1,9 +1,9 @@
 // Z from mean length: Beverton and Holt, and Ault and Ehrhardt's stepping search.
 #include <gtest/gtest.h>
 
+#include "base/fault.h"
 #include "mortality/ault_ehrhardt.h"
 #include "mortality/bh_mortality.h"
-#include "numerics/fault.h"
 
 namespace norvo {
 namespace {

@@ -1,9 +1,9 @@
 // Natural mortality: Pauly's equation and Rikhter and Efanov's.
 #include <gtest/gtest.h>
 
+#include "base/format.h"
 #include "mortality/pauly_m.h"
 #include "mortality/rikhter_efanov.h"
-#include "numerics/format.h"
 
 namespace norvo {
 namespace {

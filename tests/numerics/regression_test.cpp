@@ -5,7 +5,7 @@
 #include <cmath>
 #include <vector>
 
-#include "numerics/fault.h"
+#include "base/fault.h"
 
 namespace norvo {
 namespace {

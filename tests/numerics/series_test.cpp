@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "numerics/fault.h"
+#include "base/fault.h"
 
 namespace norvo {
 namespace {
@@ -17,14 +17,6 @@ TEST(ArrayMean, RangeRules) {
     EXPECT_EQ(ArrayMean({}, 0, 0), -9999.0f);
     EXPECT_EQ(ArrayMean(v, 6, 0), -9999.0f);  // starts just past the end: empty
     EXPECT_THROW(ArrayMean(v, 3, 4), SubscriptFault);
-}
-
-TEST(ArraySum, FieldValuesWithNullsAndText) {
-    const std::vector<FieldValue> v = {FieldValue{int64_t{2}}, FieldValue{},
-                                       FieldValue{std::string("1.5")}, FieldValue{0.25}};
-    EXPECT_EQ(ArraySum(v, 0, 0), 3.75);
-    EXPECT_EQ(ArraySum(v, 3, 1), 1.5);
-    EXPECT_EQ(ArraySum({}, 0, 0), 0.0);
 }
 
 TEST(MakeSeries, ThreeFormsTwoKinds) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "numerics/fault.h"
+#include "base/fault.h"
 
 namespace norvo {
 namespace {
@@ -49,15 +49,6 @@ TEST_F(TextConvert, FollowsTheDecimalSeparator) {
     SetDecimalSeparator(',');
     EXPECT_EQ(TextToSingle("1,5"), 1.5f);
     EXPECT_THROW(TextToSingle("1.5"), ConversionFault);
-}
-
-TEST_F(TextConvert, VariantValues) {
-    EXPECT_EQ(VariantToSingle(FieldValue{}), 0.0f);
-    EXPECT_EQ(VariantToSingle(FieldValue{std::string()}), 0.0f);
-    EXPECT_EQ(VariantToSingle(FieldValue{std::string("2.5")}), 2.5f);
-    EXPECT_EQ(VariantToSingle(FieldValue{int64_t{7}}), 7.0f);
-    EXPECT_EQ(VariantToSingle(FieldValue{0.1}), 0.1f);
-    EXPECT_THROW(VariantToSingle(FieldValue{std::string("x")}), ConversionFault);
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "app/scripted_dialogs.h"
 #include "numerics/text_convert.h"
+#include "support/scripted_dialogs.h"
 
 namespace norvo {
 namespace {

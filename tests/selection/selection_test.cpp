@@ -4,8 +4,8 @@
 
 #include <cmath>
 
-#include "app/scripted_dialogs.h"
 #include "data/sample_readers.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
 namespace norvo {
@@ -100,14 +100,13 @@ TEST(SelectionSave, WritesAProbabilitiesFile) {
     const auto path = dir.file("out.prb");
     auto in = Input({0.25f, 0.5f, 1}, 1, 3, 2.5, 7.5);
     SaveProbabilities(path, test::BinDir().string(), {"Sardine", "S-1", "cm"}, in);
-    Session session;
-    ScriptedDialogs d;
-    const auto prb = ReadPRB(path, session, d);
-    ASSERT_FALSE(session.fileReadFailed);
+    const auto read = ReadPRB(path);
+    ASSERT_TRUE(read.ok());
+    const PrbData& prb = read.value();
     EXPECT_EQ(prb.length, (std::vector<float>{7.5f, 10, 12.5f}));
     EXPECT_EQ(prb.probability, (std::vector<float>{0.25f, 0.5f, 1}));
-    EXPECT_EQ(session.lfqData.speciesname, "Sardine");
-    EXPECT_EQ(session.lfqData.remarks, kSelPrbRemarks);
+    EXPECT_EQ(prb.header.speciesname, "Sardine");
+    EXPECT_EQ(prb.header.remarks, kSelPrbRemarks);
 }
 
 }  // namespace

@@ -4,10 +4,9 @@
 
 #include <filesystem>
 
-#include "app/scripted_dialogs.h"
-#include "app/session.h"
 #include "data/data_store.h"
 #include "data/lfq_file.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
 namespace norvo {
@@ -17,11 +16,9 @@ using test::BinDir;
 using test::TempDir;
 
 LfqData Read(const std::string& path) {
-    Session session;
-    ScriptedDialogs dialogs;
-    ReadLFQ(path, session, dialogs);
-    EXPECT_FALSE(session.fileReadFailed) << path;
-    return session.lfqData;
+    ReadResult<LfqData> read = ReadLFQ(path);
+    EXPECT_TRUE(read.ok()) << path;
+    return read.ok() ? std::move(read).value() : LfqData{};
 }
 
 TEST(RunSimulation, KnownSeedGivesKnownFilesWithTheSimulatedHeader) {

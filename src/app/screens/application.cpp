@@ -5,9 +5,9 @@
 
 #include "app/screens/frm_main.h"
 #include "app/screens/frm_splash.h"
-#include "app/screens/qt_dialog_service.h"
-#include "app/screens/qt_settings_store.h"
-#include "app/settings_store.h"
+#include "base/settings_store.h"
+#include "widgets/qt_dialog_service.h"
+#include "widgets/qt_settings_store.h"
 
 namespace norvo::gui {
 

@@ -8,9 +8,9 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-#include "app/settings_store.h"
 #include "app/shell_texts.h"
 #include "app/version.h"
+#include "base/settings_store.h"
 
 namespace norvo::gui {
 

@@ -4,7 +4,7 @@
 #include <QDialog>
 #include <functional>
 
-#include "app/user_notice.h"
+#include "base/user_notice.h"
 
 class QPushButton;
 

@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "app/screens/shell_context.h"
+#include "widgets/shell_context.h"
 
 class QComboBox;
 class QTextBrowser;

@@ -17,17 +17,17 @@
 #include <QUrl>
 
 #include "app/active_file.h"
-#include "app/error_report.h"
 #include "app/file_filter.h"
 #include "app/main_geometry.h"
-#include "app/screens/data_editor.h"
 #include "app/screens/frm_about.h"
 #include "app/screens/frm_browser.h"
 #include "app/shell_texts.h"
 #include "app/version.h"
+#include "base/error_report.h"
 #include "data/file_kind.h"
 #include "data/screens/table_interchange.h"
 #include "data/store_routines.h"
+#include "widgets/data_editor.h"
 
 namespace norvo::gui {
 

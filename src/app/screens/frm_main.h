@@ -11,7 +11,7 @@
 
 #include "app/command_registry.h"
 #include "app/edit_commands.h"
-#include "app/screens/shell_context.h"
+#include "widgets/shell_context.h"
 
 class QAction;
 class QMdiArea;

@@ -5,9 +5,9 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "app/settings_store.h"
 #include "app/shell_texts.h"
 #include "app/version.h"
+#include "base/settings_store.h"
 
 namespace norvo::gui {
 

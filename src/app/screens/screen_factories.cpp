@@ -1,9 +1,10 @@
 // The table of screens and editors the shell can open. Each screen adds its line here.
-#include "app/screens/shell_context.h"
 #include "data/screens/frm_import.h"
 #include "data/screens/frm_lfq.h"
 #include "data/screens/record_editor.h"
 #include "growth/screens/frm_elefan1.h"
+#include "growth/screens/frm_lmax.h"
+#include "growth/screens/frm_phi_prime.h"
 #include "growth/screens/frm_vbgf_plot.h"
 #include "mortality/screens/frm_ault_erh.h"
 #include "mortality/screens/frm_bh_mort.h"
@@ -12,10 +13,9 @@
 #include "mortality/screens/frm_munro2.h"
 #include "mortality/screens/frm_pauly_m.h"
 #include "mortality/screens/frm_rik_efa.h"
-#include "plot/screens/frm_lmax.h"
-#include "plot/screens/frm_phi_prime.h"
 #include "selection/screens/frm_probability2.h"
 #include "stock/screens/frm_simulate.h"
+#include "widgets/shell_context.h"
 
 namespace norvo::gui {
 

@@ -8,10 +8,10 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "base/format.h"
 #include "data/dos_import.h"
-#include "data/screens/data_grid.h"
 #include "data/store_routines.h"
-#include "numerics/format.h"
+#include "widgets/data_grid.h"
 
 namespace norvo::gui {
 

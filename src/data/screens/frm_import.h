@@ -3,7 +3,7 @@
 // destination box, each with a browse button, and the grid of what was read.
 #include <QWidget>
 
-#include "app/screens/shell_context.h"
+#include "widgets/shell_context.h"
 
 class QLineEdit;
 class QPushButton;

@@ -22,19 +22,18 @@
 #include <filesystem>
 #include <map>
 
-#include "app/screens/qt_dialog_service.h"
-#include "app/settings_store.h"
+#include "base/checked.h"
+#include "base/format.h"
+#include "base/settings_store.h"
 #include "data/data_store.h"
 #include "data/lfq_file.h"
-#include "data/screens/data_grid.h"
 #include "data/screens/frm_lfq_sub.h"
 #include "data/screens/frm_tip1.h"
 #include "data/store_routines.h"
-#include "numerics/checked.h"
-#include "numerics/format.h"
-#include "numerics/screens/line_edit_box.h"
 #include "numerics/text_convert.h"
 #include "numerics/validators.h"
+#include "widgets/data_grid.h"
+#include "widgets/line_edit_box.h"
 
 namespace norvo::gui {
 
@@ -102,7 +101,7 @@ FrmLfq::FrmLfq(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_(ctx) 
     // The hidden report grid filled by GenerateOutput for printing and export.
     grdOutput_ = new DataGrid(this);
     grdOutput_->setObjectName("grdOutput");
-    grdOutput_->setDefaultColumnSpec({false, 0, 0, 12});
+    grdOutput_->setDefaultColumnFormat({false, 0, 0, 12});
     grdOutput_->hide();
 
     resize(760, 520);
@@ -166,7 +165,7 @@ void FrmLfq::buildFrequenciesPage(QWidget* page) {
     grdData_ = new DataGrid(page);
     grdData_->setCornerTitle("ML");
     grdData_->setRowHeadingWidthChars(kRowHeadingChars);
-    grdData_->setDefaultColumnSpec({true, 0.0, 99999999.99, kSampleColumnChars});
+    grdData_->setDefaultColumnFormat({true, 0.0, 99999999.99, kSampleColumnChars});
     grdData_->setEnterWrapColumn(2);
     grdData_->setMaxRows(kStartRows);
     grdData_->setMaxCols(0);
@@ -585,8 +584,7 @@ void FrmLfq::GenerateOutput() {
 }
 
 void FrmLfq::PrintFile() {
-    auto* service = dynamic_cast<QtDialogService*>(&ctx_.dialogs);
-    QPrinter* printer = service ? service->printer() : nullptr;
+    QPrinter* printer = ctx_.printer();
     if (!printer) return;
     GenerateOutput();
     printer->setDocName(kReportTitle);

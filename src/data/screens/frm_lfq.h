@@ -7,8 +7,8 @@
 #include <array>
 #include <functional>
 
-#include "app/screens/data_editor.h"
-#include "app/screens/shell_context.h"
+#include "widgets/data_editor.h"
+#include "widgets/shell_context.h"
 
 class QCheckBox;
 class QComboBox;

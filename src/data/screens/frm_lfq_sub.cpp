@@ -11,9 +11,9 @@
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
+#include "base/checked.h"
 #include "data/data_store.h"
 #include "data/lfq_file.h"
-#include "numerics/checked.h"
 #include "numerics/text_convert.h"
 
 namespace norvo::gui {

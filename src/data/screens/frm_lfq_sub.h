@@ -7,7 +7,7 @@
 #include <array>
 #include <string>
 
-#include "app/user_notice.h"
+#include "base/user_notice.h"
 #include "data/lfq_data.h"
 
 class QComboBox;
@@ -52,7 +52,7 @@ class FrmLfqSub : public QDialog {
     // The sample as the boxes now stand (empty numbers as 0).
     LfqSample sampleFromBoxes() const;
 
-  public slots:
+  public Q_SLOTS:
     void ok();
     void cancel();
 

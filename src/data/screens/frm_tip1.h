@@ -3,7 +3,7 @@
 // stores "Tip1" = "Hide" so that it does not come back.
 #include <QDialog>
 
-#include "app/settings_store.h"
+#include "base/settings_store.h"
 
 class QCheckBox;
 

@@ -19,11 +19,11 @@
 #include <cmath>
 #include <filesystem>
 
+#include "base/format.h"
 #include "data/file_kind.h"
 #include "data/lfq_file.h"
-#include "data/screens/data_grid.h"
 #include "data/store_routines.h"
-#include "numerics/format.h"
+#include "widgets/data_grid.h"
 
 namespace norvo::gui {
 
@@ -161,7 +161,7 @@ RecordEditor::RecordEditor(ShellContext& ctx, const RecordKind& kind, QWidget* p
     // The hidden report grid filled by GenerateOutput for printing and export.
     output_ = new DataGrid(this);
     output_->setObjectName("grdOutput");
-    output_->setDefaultColumnSpec({false, 0, 0, 12});
+    output_->setDefaultColumnFormat({false, 0, 0, 12});
     output_->hide();
     unitChanged();
     saved_ = true;
@@ -242,7 +242,7 @@ void RecordEditor::buildDataPage(QWidget* page) {
     std::vector<int> decimals;
     for (int c = 0; c < static_cast<int>(kind_.columns.size()); ++c) {
         const GridColumn& col = kind_.columns[c];
-        grid_->setColumnSpec(c, {true, col.min, col.max, kColumnChars});
+        grid_->setColumnFormat(c, {true, col.min, col.max, kColumnChars});
         grid_->setColHeading(c, col.heading);
         decimals.push_back(col.decimals);
     }

@@ -8,9 +8,9 @@
 #include <QWidget>
 #include <map>
 
-#include "app/screens/data_editor.h"
-#include "app/screens/shell_context.h"
 #include "data/record_kinds.h"
+#include "widgets/data_editor.h"
+#include "widgets/shell_context.h"
 
 class QComboBox;
 class QLabel;

@@ -25,16 +25,16 @@
 #include <QVBoxLayout>
 #include <filesystem>
 
-#include "app/error_report.h"
+#include "base/basic.h"
+#include "base/error_report.h"
+#include "base/format.h"
+#include "chart/kind_a.h"
+#include "chart/report.h"
 #include "data/lfq_file.h"
 #include "growth/elefan_search_plot.h"
-#include "numerics/basic.h"
-#include "numerics/format.h"
 #include "numerics/text_convert.h"
-#include "plot/kind_a.h"
 #include "plot/render/canvas_renderer.h"
-#include "plot/report.h"
-#include "plot/screens/output_screen.h"
+#include "widgets/output_screen.h"
 
 namespace norvo::gui {
 
@@ -512,7 +512,7 @@ void FrmElefan1::fillLengths(QComboBox* samples, QComboBox* lengths) {
 
 void FrmElefan1::Initialize(const std::string& path) {
     try {
-        ReadLFQ(path, ctx_.session, ctx_.dialogs);
+        ctx_.session.readLfq(path, ctx_.dialogs);
         if (ctx_.session.fileReadFailed) return;
         const LfqData& d = ctx_.session.lfqData;
         path_ = path;

@@ -7,10 +7,10 @@
 #include <memory>
 #include <optional>
 
-#include "app/screens/shell_context.h"
+#include "chart/chart_canvas.h"
 #include "growth/elefan_search.h"
 #include "growth/elefan_search_engine.h"
-#include "plot/chart_canvas.h"
+#include "widgets/shell_context.h"
 
 class QCheckBox;
 class QComboBox;

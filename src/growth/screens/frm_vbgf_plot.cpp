@@ -11,14 +11,14 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include "app/error_report.h"
+#include "base/error_report.h"
+#include "base/format.h"
+#include "chart/kind_a.h"
+#include "chart/report.h"
 #include "data/file_kind.h"
 #include "data/lfq_file.h"
-#include "numerics/format.h"
-#include "plot/kind_a.h"
-#include "plot/report.h"
-#include "plot/screens/output_screen.h"
-#include "plot/screens/plot_view.h"
+#include "widgets/output_screen.h"
+#include "widgets/plot_view.h"
 
 namespace norvo::gui {
 
@@ -139,7 +139,7 @@ void FrmVbgfPlot::Initialize(const std::string& path) {
     params_.reset();
     table_ = {};
     restructuredPoints_.clear();
-    ReadLFQ(path, ctx_.session, ctx_.dialogs);
+    ctx_.session.readLfq(path, ctx_.dialogs);
     if (ctx_.session.fileReadFailed) {
         redraw();
         return;

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "app/screens/shell_context.h"
 #include "growth/vbgf_plot.h"
+#include "widgets/shell_context.h"
 
 class QCheckBox;
 class QLineEdit;

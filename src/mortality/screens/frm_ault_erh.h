@@ -2,9 +2,9 @@
 // Z from mean length and the largest length (Ault and Ehrhardt) on typed values.
 #include <QWidget>
 
-#include "app/screens/shell_context.h"
 #include "mortality/ault_ehrhardt.h"
 #include "mortality/screens/frm_bh_mort.h"
+#include "widgets/shell_context.h"
 
 class QLineEdit;
 class QPushButton;

@@ -2,8 +2,8 @@
 // Z from mean length (Beverton and Holt) on typed values.
 #include <QWidget>
 
-#include "app/screens/shell_context.h"
 #include "mortality/bh_mortality.h"
+#include "widgets/shell_context.h"
 
 class QFormLayout;
 class QLineEdit;

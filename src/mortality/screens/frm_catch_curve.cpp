@@ -1,7 +1,3 @@
-// The catch-curve headers come before any Qt header (see sample_panel.cpp).
-#include "mortality/catch_curve.h"
-#include "mortality/catch_curve_plot.h"
-
 #include "mortality/screens/frm_catch_curve.h"
 
 #include <QFormLayout>
@@ -15,15 +11,18 @@
 #include <QVBoxLayout>
 #include <optional>
 
-#include "app/settings_store.h"
+#include "base/format.h"
+#include "base/settings_store.h"
 #include "data/lfq_file.h"
+#include "mortality/catch_curve.h"
+#include "mortality/catch_curve_plot.h"
 #include "mortality/screens/frm_prob_catch_curve.h"
-#include "numerics/format.h"
 #include "numerics/text_convert.h"
-#include "plot/screens/output_screen.h"
-#include "plot/screens/plot_view.h"
-#include "samples/screens/sample_panel.h"
 #include "selection/screens/frm_probability.h"
+#include "selection/selection.h"
+#include "widgets/output_screen.h"
+#include "widgets/plot_view.h"
+#include "widgets/sample_panel.h"
 
 namespace norvo::gui {
 
@@ -182,7 +181,7 @@ const Extrapolation* FrmCatchCurve::extrapolation() const {
 }
 
 void FrmCatchCurve::Initialize(const std::string& path) {
-    ReadLFQ(path, ctx_.session, ctx_.dialogs);
+    ctx_.session.readLfq(path, ctx_.dialogs);
     if (ctx_.session.fileReadFailed) return;
     st_->data = ctx_.session.lfqData;
     file_->setText(QString::fromStdString(path));

@@ -6,11 +6,11 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 
-#include "app/error_report.h"
+#include "base/error_report.h"
+#include "base/format.h"
 #include "mortality/bh_mortality.h"
 #include "mortality/mortality_reports.h"
-#include "mortality/screens/calc_form.h"
-#include "numerics/format.h"
+#include "widgets/calc_form.h"
 
 namespace norvo::gui {
 namespace {

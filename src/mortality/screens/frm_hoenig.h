@@ -3,8 +3,8 @@
 #include <QWidget>
 #include <array>
 
-#include "app/screens/shell_context.h"
 #include "mortality/hoenig.h"
+#include "widgets/shell_context.h"
 
 class QCheckBox;
 class QLineEdit;

@@ -5,7 +5,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include "mortality/screens/calc_form.h"
+#include "widgets/calc_form.h"
 
 namespace norvo::gui {
 

@@ -7,11 +7,11 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
-#include "app/error_report.h"
+#include "base/error_report.h"
+#include "base/format.h"
 #include "mortality/bh_mortality.h"
 #include "mortality/mortality_reports.h"
-#include "mortality/screens/calc_form.h"
-#include "numerics/format.h"
+#include "widgets/calc_form.h"
 
 namespace norvo::gui {
 

@@ -3,8 +3,8 @@
 #include <QWidget>
 #include <array>
 
-#include "app/screens/shell_context.h"
 #include "mortality/pauly_m.h"
+#include "widgets/shell_context.h"
 
 class QLabel;
 class QLineEdit;

@@ -1,6 +1,3 @@
-// The catch-curve header comes before any Qt header (see sample_panel.cpp).
-#include "mortality/catch_curve.h"
-
 #include "mortality/screens/frm_prob_catch_curve.h"
 
 #include <QFormLayout>
@@ -9,7 +6,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "numerics/format.h"
+#include "base/format.h"
+#include "mortality/catch_curve.h"
 #include "numerics/text_convert.h"
 
 namespace norvo::gui {

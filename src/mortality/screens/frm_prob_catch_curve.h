@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "app/screens/shell_context.h"
+#include "widgets/shell_context.h"
 
 class QLineEdit;
 class QPushButton;

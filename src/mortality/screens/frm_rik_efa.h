@@ -2,8 +2,8 @@
 // Natural mortality from the age at first maturity (Rikhter and Efanov) on a typed value.
 #include <QWidget>
 
-#include "app/screens/shell_context.h"
 #include "mortality/rikhter_efanov.h"
+#include "widgets/shell_context.h"
 
 class QLineEdit;
 class QPushButton;

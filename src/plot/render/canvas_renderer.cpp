@@ -60,13 +60,13 @@ QString ResolveFontFamily(const std::string& face) {
     return QString::fromStdString(face);
 }
 
-QFont PlotFont(const FontSpec& spec, double scale) {
-    QFont font(ResolveFontFamily(spec.face));
-    const double px = spec.sizePoints * kScreenDpi / 72.0 * scale;
+QFont PlotFont(const FontStyle& style, double scale) {
+    QFont font(ResolveFontFamily(style.face));
+    const double px = style.sizePoints * kScreenDpi / 72.0 * scale;
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(px))));
-    font.setItalic(spec.italic);
-    font.setUnderline(spec.underline);
-    font.setBold(spec.bold);
+    font.setItalic(style.italic);
+    font.setUnderline(style.underline);
+    font.setBold(style.bold);
     font.setKerning(false);
     return font;
 }

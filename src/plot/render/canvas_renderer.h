@@ -8,7 +8,7 @@
 #include <QString>
 #include <string>
 
-#include "plot/chart_canvas.h"
+#include "chart/chart_canvas.h"
 
 class QPainter;
 
@@ -21,8 +21,8 @@ void EnsureRenderingApplication();
 // The family actually used for a face name: "Arial" is drawn with the metric-compatible
 // Liberation Sans so that text looks alike on every machine.
 QString ResolveFontFamily(const std::string& face);
-// A font for `spec`, its pixel size being the points at 96 dots per inch times `scale`.
-QFont PlotFont(const FontSpec& spec, double scale = 1.0);
+// A font for `style`, its pixel size being the points at 96 dots per inch times `scale`.
+QFont PlotFont(const FontStyle& style, double scale = 1.0);
 
 // Paints the list into `target` (device coordinates of the painter). The painter's state is
 // saved and restored.

@@ -1,7 +1,3 @@
-// The selection and plot headers come before any Qt header (see sample_panel.cpp).
-#include "mortality/catch_curve_plot.h"
-#include "selection/selection.h"
-
 #include "selection/screens/frm_logits.h"
 
 #include <QFormLayout>
@@ -10,8 +6,10 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "numerics/format.h"
-#include "plot/screens/plot_view.h"
+#include "base/format.h"
+#include "selection/selection.h"
+#include "selection/selection_plot.h"
+#include "widgets/plot_view.h"
 
 namespace norvo::gui {
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include "app/screens/shell_context.h"
+#include "widgets/shell_context.h"
 
 class QLabel;
 class QPushButton;

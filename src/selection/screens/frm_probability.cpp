@@ -1,7 +1,3 @@
-// The selection and plot headers come before any Qt header (see sample_panel.cpp).
-#include "mortality/catch_curve_plot.h"
-#include "selection/selection.h"
-
 #include "selection/screens/frm_probability.h"
 
 #include <QGridLayout>
@@ -11,11 +7,14 @@
 #include <QVBoxLayout>
 #include <optional>
 
+#include "base/format.h"
 #include "data/lfq_data.h"
-#include "numerics/format.h"
-#include "plot/screens/output_screen.h"
-#include "plot/screens/plot_view.h"
+#include "mortality/catch_curve.h"
 #include "selection/screens/frm_logits.h"
+#include "selection/selection.h"
+#include "selection/selection_plot.h"
+#include "widgets/output_screen.h"
+#include "widgets/plot_view.h"
 
 namespace norvo::gui {
 

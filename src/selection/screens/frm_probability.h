@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "app/screens/shell_context.h"
+#include "widgets/shell_context.h"
 
 class QLabel;
 class QPushButton;

@@ -1,12 +1,10 @@
-// The selection header comes before any Qt header (see sample_panel.cpp).
-#include "selection/selection.h"
-
 #include "selection/screens/frm_probability2.h"
 
 #include <QPushButton>
 
-#include "app/settings_store.h"
+#include "base/settings_store.h"
 #include "data/sample_readers.h"
+#include "selection/selection.h"
 
 namespace norvo::gui {
 
@@ -30,11 +28,11 @@ FrmProbability2::FrmProbability2(ShellContext& ctx, QWidget* parent) : FrmProbab
 }
 
 bool FrmProbability2::openFile(const std::string& path) {
-    const PrbData prb = ReadPRB(path, ctx_.session, ctx_.dialogs);
-    if (ctx_.session.fileReadFailed || prb.length.empty()) return false;
-    LfqData header = ctx_.session.lfqData;
+    const auto prb = ctx_.session.readPrb(path, ctx_.dialogs);
+    if (!prb || prb->length.empty()) return false;
+    LfqData header = prb->header;
     header.path = path;
-    setData(SelectionInputFromPrb(prb.length, prb.probability), header);
+    setData(SelectionInputFromPrb(prb->length, prb->probability), header);
     setWindowTitle(QString::fromStdString(std::string(kSelTrawlTitle) + " [" + path + "]"));
     return true;
 }

@@ -8,7 +8,7 @@
 #include <cmath>
 #include <limits>
 
-#include "numerics/format.h"
+#include "base/format.h"
 
 namespace norvo::gui {
 

@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <array>
 
-#include "app/user_notice.h"
+#include "base/user_notice.h"
 #include "stock/simulation.h"
 
 class QCheckBox;

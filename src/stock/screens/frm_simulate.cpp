@@ -17,7 +17,7 @@
 #include <cmath>
 #include <limits>
 
-#include "numerics/format.h"
+#include "base/format.h"
 #include "stock/screens/frm_sim_select.h"
 #include "stock/simulation_file.h"
 

@@ -4,8 +4,8 @@
 #include <QWidget>
 #include <array>
 
-#include "app/screens/shell_context.h"
 #include "stock/simulation.h"
+#include "widgets/shell_context.h"
 
 class QCheckBox;
 class QLineEdit;

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <iostream>
 
-#include "app/scripted_dialogs.h"
+#include "base/headless_dialogs.h"
 #include "stock/sample_files.h"
 #include "stock/simulation_file.h"
 
@@ -20,11 +20,12 @@ int main(int argc, char** argv) {
     const std::string program = folder.string();
     auto at = [&](const char* name) { return (folder / name).string(); };
     const SimulationInputs in = DefaultSimulationInputs();
-    ScriptedDialogs dialogs;
+    HeadlessDialogs dialogs;
     try {
         SimulationResult run;
         if (!RunSimulation(in, at(kSimStockFile), at(kSimCatchFile), program, dialogs, &run)) {
-            std::cerr << dialogs.last().title << ": " << dialogs.last().text << "\n";
+            const UserNotice& n = dialogs.shown().back();
+            std::cerr << n.title << ": " << n.text << "\n";
             return 1;
         }
         const std::string today = SimulationDateText();

@@ -13,10 +13,10 @@
 #include <filesystem>
 #include <fstream>
 
-#include "app/screens/data_editor.h"
-#include "app/scripted_dialogs.h"
-#include "numerics/fault.h"
+#include "base/fault.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
+#include "widgets/data_editor.h"
 
 namespace norvo::gui {
 namespace {

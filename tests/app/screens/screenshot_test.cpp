@@ -11,7 +11,7 @@
 #include <QTest>
 
 #include "app/screens/frm_main.h"
-#include "app/scripted_dialogs.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
 namespace norvo::gui {

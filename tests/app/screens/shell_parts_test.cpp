@@ -13,9 +13,9 @@
 #include "app/screens/frm_about.h"
 #include "app/screens/frm_browser.h"
 #include "app/screens/frm_splash.h"
-#include "app/screens/qt_settings_store.h"
-#include "app/scripted_dialogs.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
+#include "widgets/qt_settings_store.h"
 
 namespace norvo::gui {
 namespace {

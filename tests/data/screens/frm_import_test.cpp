@@ -7,10 +7,10 @@
 #include <filesystem>
 #include <fstream>
 
-#include "app/scripted_dialogs.h"
 #include "data/dos_import.h"
-#include "data/screens/data_grid.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
+#include "widgets/data_grid.h"
 
 namespace norvo::gui {
 namespace {

@@ -17,13 +17,13 @@
 #include <filesystem>
 #include <fstream>
 
-#include "app/scripted_dialogs.h"
 #include "data/data_store.h"
 #include "data/lfq_file.h"
-#include "data/screens/data_grid.h"
 #include "data/screens/frm_lfq_sub.h"
 #include "data/screens/frm_tip1.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
+#include "widgets/data_grid.h"
 
 namespace norvo::gui {
 namespace {
@@ -218,8 +218,7 @@ TEST_F(LfqEditorTest, NewFileToSavedChronologicalFileAndBack) {
     }
 
     // The editor's file reads and rewrites to the same store.
-    ReadLFQ(path, session, dialogs);
-    ASSERT_FALSE(session.fileReadFailed);
+    ASSERT_TRUE(session.readLfq(path, dialogs));
     const std::string copy = newFile("copy.lfq");
     LfqHeader h;
     h.speciesname = session.lfqData.speciesname;

@@ -11,12 +11,12 @@
 #include <filesystem>
 #include <fstream>
 
-#include "app/scripted_dialogs.h"
 #include "data/file_kind.h"
 #include "data/sample_readers.h"
-#include "data/screens/data_grid.h"
 #include "data/store_routines.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
+#include "widgets/data_grid.h"
 
 namespace norvo::gui {
 namespace {
@@ -171,7 +171,7 @@ TEST_F(RecordEditorTest, GrowthIncrementChecksInOrder) {
               "WARNING! Growth is either stunted or virtual shinkage occurred for observation "
               "no. 2");
     EXPECT_TRUE(e->saved());
-    EXPECT_EQ(ReadGIN(path, session, settings, dialogs).size(), 2u);
+    EXPECT_EQ(session.readGin(path, settings, dialogs)->rows.size(), 2u);
 }
 
 TEST_F(RecordEditorTest, MeansKeepTypedOrderAndCheckDates) {
@@ -187,7 +187,7 @@ TEST_F(RecordEditorTest, MeansKeepTypedOrderAndCheckDates) {
     ASSERT_TRUE(e->saved());
     auto again = editorOn("MSD", path, true);
     EXPECT_EQ(again->grid()->value(0, 3), 20.0);  // the editor shows the typed order
-    const auto sorted = ReadMSD(path, session, dialogs);
+    const auto sorted = session.readMsd(path, dialogs).value().rows;
     ASSERT_EQ(sorted.size(), 3u);
     EXPECT_FLOAT_EQ(sorted[0].length, 9.0f);
     EXPECT_FLOAT_EQ(sorted[2].length, 20.0f);

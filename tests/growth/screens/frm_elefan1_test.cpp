@@ -13,9 +13,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "app/scripted_dialogs.h"
+#include "base/format.h"
 #include "growth/elefan_search_plot.h"
-#include "numerics/format.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
 namespace norvo::gui {

@@ -10,10 +10,10 @@
 #include <cstdlib>
 #include <memory>
 
-#include "app/scripted_dialogs.h"
 #include "growth/screens/frm_elefan1.h"
-#include "plot/screens/plot_view.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
+#include "widgets/plot_view.h"
 
 namespace norvo::gui {
 namespace {

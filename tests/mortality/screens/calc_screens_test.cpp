@@ -10,16 +10,16 @@
 #include <QTabWidget>
 #include <QTest>
 
-#include "app/screens/shell_context.h"
-#include "app/scripted_dialogs.h"
+#include "growth/screens/frm_phi_prime.h"
 #include "mortality/screens/frm_ault_erh.h"
 #include "mortality/screens/frm_bh_mort.h"
 #include "mortality/screens/frm_hoenig.h"
 #include "mortality/screens/frm_munro2.h"
 #include "mortality/screens/frm_pauly_m.h"
 #include "mortality/screens/frm_rik_efa.h"
-#include "plot/screens/frm_phi_prime.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
+#include "widgets/shell_context.h"
 
 namespace norvo::gui {
 namespace {

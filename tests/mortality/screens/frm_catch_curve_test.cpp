@@ -16,18 +16,18 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "app/scripted_dialogs.h"
+#include "base/format.h"
 #include "data/lfq_file.h"
 #include "data/store_routines.h"
 #include "mortality/screens/frm_prob_catch_curve.h"
-#include "numerics/format.h"
-#include "plot/screens/plot_view.h"
-#include "samples/screens/sample_panel.h"
 #include "selection/screens/frm_logits.h"
 #include "selection/screens/frm_probability.h"
 #include "selection/screens/frm_probability2.h"
 #include "stock/simulation.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
+#include "widgets/plot_view.h"
+#include "widgets/sample_panel.h"
 
 namespace norvo::gui {
 namespace {
@@ -208,7 +208,7 @@ TEST_F(CatchCurveRoad, GrowthFieldsAndSeasonalRefusal) {
     }
     // Editing a parameter clears the run and restores the compute command.
     f.field(1)->setText("0.6");
-    emit f.field(1)->textEdited("0.6");
+    Q_EMIT f.field(1)->textEdited("0.6");
     EXPECT_EQ(f.run(), nullptr);
     EXPECT_TRUE(f.command(4)->isEnabled());
 }

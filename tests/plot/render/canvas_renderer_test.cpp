@@ -12,7 +12,7 @@
 #include <sstream>
 #include <string_view>
 
-#include "plot/demo_plots.h"
+#include "chart/demo_plots.h"
 #include "support/test_paths.h"
 
 namespace norvo {
@@ -48,7 +48,7 @@ std::string Slurp(const std::string& path) {
 }
 
 TEST(PlotFont, ArialResolvesToAnArialMetricFontWithGlyphs) {
-    const QFont font = PlotFont(FontSpec{});
+    const QFont font = PlotFont(FontStyle{});
     EXPECT_EQ(QFontInfo(font).family(), "Liberation Sans");
     const QRawFont raw = QRawFont::fromFont(font);
     ASSERT_TRUE(raw.isValid());
@@ -56,7 +56,7 @@ TEST(PlotFont, ArialResolvesToAnArialMetricFontWithGlyphs) {
         EXPECT_TRUE(raw.supportsCharacter(ch)) << char(ch);
     // 8 points at 96 dots per inch, and twice that at scale 2.
     EXPECT_EQ(font.pixelSize(), 11);
-    EXPECT_EQ(PlotFont(FontSpec{}, 2.0).pixelSize(), 21);
+    EXPECT_EQ(PlotFont(FontStyle{}, 2.0).pixelSize(), 21);
     EXPECT_EQ(ResolveFontFamily("Courier New"), "Courier New");
 }
 

@@ -9,8 +9,8 @@
 #include <QTest>
 #include <filesystem>
 
-#include "app/scripted_dialogs.h"
 #include "stock/screens/frm_sim_select.h"
+#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
 namespace norvo::gui {
@@ -59,7 +59,7 @@ TEST(FrmSimulate, ShowsItsTabsAndDefaults) {
 
     // The year-class table follows the number of age groups.
     f.form.simulBox(4)->setText("5");
-    emit f.form.simulBox(4)->editingFinished();
+    Q_EMIT f.form.simulBox(4)->editingFinished();
     EXPECT_EQ(f.form.yearTable()->rowCount(), 5);
     EXPECT_EQ(Cell(f.form.yearTable(), 4, 0), "4");
     EXPECT_EQ(f.form.inputs().yearClasses.size(), 5u);

@@ -1,0 +1,70 @@
+#pragma once
+// Building blocks shared by the small calculator screens: labelled input boxes and read-outs in
+// a form layout, buttons, reading a box as a 32-bit value, and the notice of a refused check.
+#include <QString>
+
+#include <functional>
+#include <initializer_list>
+
+#include "base/user_notice.h"
+#include "chart/report.h"
+#include "mortality/calc_status.h"
+#include "widgets/shell_context.h"
+
+class QFormLayout;
+class QHBoxLayout;
+class QLayout;
+class QLineEdit;
+class QPushButton;
+class QWidget;
+
+namespace norvo::gui {
+
+inline constexpr const char* kCalcCompute = "C&ompute";
+inline constexpr const char* kCalcRecompute = "&Re-compute";
+inline constexpr const char* kCalcPrint = "&Print";
+inline constexpr const char* kCalcClose = "&Close";
+
+// An input box with its caption; the box gets `objectName`.
+QLineEdit* AddInputRow(QFormLayout* form, const QString& caption, const char* objectName);
+// A read-only result box with its caption and, when given, a unit label after it.
+QLineEdit* AddResultRow(QFormLayout* form, const QString& caption, const char* objectName,
+                        const QString& unit = {});
+QPushButton* MakeButton(const QString& caption, const char* objectName, QWidget* parent);
+
+// A calculator's "cmdCompute", "cmdPrint" and "cmdClose" buttons, right-aligned in `row`.
+struct CalcButtons {
+    QPushButton* compute = nullptr;
+    QPushButton* print = nullptr;  // null when the screen prints nothing
+    QHBoxLayout* row = nullptr;
+};
+// Makes the buttons on `owner`: Compute and Print call back, Close closes the screen. Without a
+// print callback there is no Print button.
+CalcButtons AddCalcButtons(QWidget* owner, const std::function<void()>& onCompute,
+                           const std::function<void()>& onPrint = {});
+
+// One part of a calculator's column: a widget or a nested layout.
+struct CalcPart {
+    CalcPart(QWidget* w) : widget(w) {}
+    CalcPart(QLayout* l) : layout(l) {}
+    QWidget* widget = nullptr;
+    QLayout* layout = nullptr;
+};
+// Stacks the parts top to bottom as the owner's layout, the button row last.
+void LayOutCalculator(QWidget* owner, std::initializer_list<CalcPart> parts, QLayout* buttonRow);
+
+// The box's text as a 32-bit value, an empty box being 0 (text that is no number is a
+// conversion fault).
+float BoxValue(const QLineEdit* box);
+
+// Shows the notice of a refused check (exclamation icon); true when the status is ok.
+bool AcceptStatus(DialogService& dialogs, const CalcStatus& status);
+
+// Prints a calculator's page (its formula and results as the picture) through the output
+// screen: the printer dialogue, then printing or saving the picture.
+void PrintCalculatorReport(ShellContext& ctx, const ReportDescriptor& report);
+
+// Closes the screen's sub-window when it has one, else the screen itself.
+void CloseScreen(QWidget* screen);
+
+}  // namespace norvo::gui

@@ -1,0 +1,50 @@
+#include "widgets/number_box.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <string>
+
+#include "base/checked.h"
+#include "base/fault.h"
+#include "base/format.h"
+#include "numerics/text_convert.h"
+
+namespace norvo::gui {
+
+std::optional<double> ParseBoxText(const QString& text) {
+    const std::string t = text.trimmed().toStdString();
+    if (t.empty()) return 0.0;
+    double v = 0;
+    if (!ParseNumber(t, v)) return std::nullopt;
+    return v;
+}
+
+std::optional<double> BoxNumber(const QLineEdit* box) {
+    return ParseBoxText(box->text());
+}
+
+std::optional<double> BoxNumber(const QComboBox* box) {
+    return ParseBoxText(box->currentText());
+}
+
+double BoxDouble(const QLineEdit* box) {
+    return TextToDouble(box->text().trimmed().toStdString());
+}
+
+float BoxSingle(const QLineEdit* box) {
+    return TextToSingle(box->text().trimmed().toStdString());
+}
+
+float BoxSingle(const QComboBox* box) {
+    return TextToSingle(box->currentText().trimmed().toStdString());
+}
+
+QString NumberText(double value, std::string_view pattern) {
+    return QString::fromStdString(FormatLocal(value, pattern, DecimalSeparator()));
+}
+
+void SetBoxNumber(QLineEdit* box, double value, std::string_view pattern) {
+    box->setText(NumberText(value, pattern));
+}
+
+}  // namespace norvo::gui

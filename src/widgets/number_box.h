@@ -1,0 +1,30 @@
+#pragma once
+// Numbers in text boxes, read and shown in the user's locale: the one place where a screen turns
+// a box's text into a number or a number into a box's text. Files and settings never go through
+// here; they stay locale-free.
+#include <QString>
+#include <optional>
+#include <string_view>
+
+class QComboBox;
+class QLineEdit;
+
+namespace norvo::gui {
+
+// The number in a text: blanks around it ignored, an empty text is 0 (the classic rule), the
+// locale's decimal separator; nothing when the text is not a number.
+std::optional<double> ParseBoxText(const QString& text);
+std::optional<double> BoxNumber(const QLineEdit* box);
+std::optional<double> BoxNumber(const QComboBox* box);
+
+// The number in a box where any text must be a number: text that is not one is a
+// ConversionFault, as the classic conversion raises. Single stores round to 32 bits.
+double BoxDouble(const QLineEdit* box);
+float BoxSingle(const QLineEdit* box);
+float BoxSingle(const QComboBox* box);
+
+// A value in a display pattern ("0.00", "#0.000") with the locale's decimal separator.
+QString NumberText(double value, std::string_view pattern);
+void SetBoxNumber(QLineEdit* box, double value, std::string_view pattern);
+
+}  // namespace norvo::gui
