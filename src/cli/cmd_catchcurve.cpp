@@ -1,5 +1,6 @@
 // norvo-cli catchcurve FILE.lfq --loo L --k K [...]: total mortality from the length-converted
 // catch curve, and with --extrapolate the probabilities of capture.
+#include <limits>
 #include <memory>
 #include <optional>
 #include <sstream>
@@ -7,7 +8,7 @@
 #include "base/format.h"
 #include "cli/cli_support.h"
 #include "data/lfq_file.h"
-#include "mortality/catch_curve.h"
+#include "mortality/catch_curve_run.h"
 #include "numerics/text_convert.h"
 
 namespace norvo::cli {
@@ -30,32 +31,34 @@ nlohmann::json Floats(const std::vector<float>& v, int first, int last) {
     return a;
 }
 
-std::vector<std::string> NoticeTexts(const HeadlessDialogs& d, size_t from) {
+std::vector<std::string> NoticeTexts(const Outcome& outcome) {
     std::vector<std::string> t;
-    for (size_t i = from; i < d.shown().size(); ++i) t.push_back(d.shown()[i].text);
+    for (const UserNotice& n : outcome.notices) t.push_back(n.text);
     return t;
 }
 
-double Parse(const std::string& text) {
+// A growth parameter as given: empty or "NotSet" leaves an optional one out (0), text that is
+// no number is NaN, which the check refuses with the parameter's notice.
+float GrowthValue(const std::string& text) {
+    if (text.empty() || text == "NotSet") return 0;
     double v = 0;
-    ParseNumber(text, v);
-    return v;
+    if (!ParseNumber(text, v)) return std::numeric_limits<float>::quiet_NaN();
+    return static_cast<float>(v);
 }
 
 void RunCatchCurve(Context& ctx, const CatchCurveCliOptions& o) {
-    if (!ValidateGrowthParams({o.loo, o.k, o.c, o.wp, o.t0}, true, true, ctx.dialogs))
-        ctx.refuseWithLastNotice();
+    CatchCurveOptions opt;
+    opt.growth.loo = GrowthValue(o.loo);
+    opt.growth.k = GrowthValue(o.k);
+    opt.growth.c = GrowthValue(o.c);
+    opt.growth.wp = GrowthValue(o.wp);
+    opt.growth.t0 = GrowthValue(o.t0);
+    // The parameters are checked before the file is read.
+    ctx.take(ValidateGrowthParams(opt.growth));
     ctx.session.readLfq(o.path, ctx.dialogs);
     if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
     const LfqData& data = ctx.session.lfqData;
-    const size_t noticesBefore = ctx.dialogs.shown().size();
 
-    CatchCurveOptions opt;
-    opt.loo = Parse(o.loo);
-    opt.k = Parse(o.k);
-    opt.c = Parse(o.c);
-    opt.wp = Parse(o.wp);
-    opt.t0 = Parse(o.t0);
     opt.temporal = o.temporal;
     if (o.transform == "percent")
         opt.transform = CcTransform::Percent;
@@ -70,54 +73,29 @@ void RunCatchCurve(Context& ctx, const CatchCurveCliOptions& o) {
             opt.selected[static_cast<size_t>(s - 1)] = true;
         }
     }
-    CatchCurveRun run = CatchCurveMethod(data, opt, ctx.dialogs);
-    if (!run.usable) ctx.refuseWithLastNotice();
-    ComputeDefaultPoints(run);
-    const int defaultFirst = run.firstPoint, defaultLast = run.lastPoint;
     if (!o.points.empty()) {
-        int first = 0, last = 0;
+        PointRange points;
         char colon = 0;
         std::istringstream in(o.points);
-        if (!(in >> first >> colon >> last) || colon != ':')
+        if (!(in >> points.first >> colon >> points.last) || colon != ':')
             throw CLI::ValidationError("--points", "expected FIRST:LAST");
-        if (first > last) std::swap(first, last);
-        if (first < run.firstClass || last > run.lastClass)
-            throw Refusal(kCcNoSelectionTitle, kCcNoSelectionText);
-        if (last - first < 2) throw Refusal(kCcInvalidActionTitle, kCcTooFewPickedText);
-        run.firstPoint = first;
-        run.lastPoint = last;
+        opt.points = points;
     }
-    const bool fitted = run.firstPoint > 0;
-    if (fitted) FitPoints(run);
+    if (o.extrapolate) opt.extrapolate = MortalityOptions{o.z, o.m, o.temperature};
 
-    std::optional<Extrapolation> ex;
-    std::vector<std::string> exNotices;
-    if (o.extrapolate) {
-        if (!fitted) throw Refusal(kCcSelectingTitle, kCcSelectingText);
-        if (run.seasonal)
-            throw Refusal(kCcInvalidActionTitle, SeasonalExtrapolationText(CatchCurveZ(run)));
-        const size_t before = ctx.dialogs.shown().size();
-        const double z = o.z ? *o.z : CatchCurveZ(run);
-        double m = o.m.value_or(0), t = 0;
-        if (o.temperature) {
-            if (!CheckTemperature(*o.temperature, ctx.dialogs)) ctx.refuseWithLastNotice();
-            // The screen rewrites the temperature and M fields with three decimals.
-            t = Parse(Format(CorrectedTemperature(*o.temperature), "0.000"));
-            if (!o.m) m = Parse(Format(PaulyM(run.loo, run.k, t), "0.000"));
-        }
-        if (!CheckMortalities(z, m, ctx.dialogs)) ctx.refuseWithLastNotice();
-        ex = ExtrapolateProb(run, z, m, t);
-        exNotices = NoticeTexts(ctx.dialogs, before);
-    }
+    const CatchCurveRun run = norvo::RunCatchCurve(data, opt);
+    ctx.take(run);
+    const bool fitted = run.fitted();
+    const auto& ex = run.extrapolation;
 
     const auto& f = run.fit;
     if (ctx.json) {
-        nlohmann::json j = {{"usable", run.usable},
+        nlohmann::json j = {{"usable", run.ok()},
                             {"first_class", run.firstClass},
                             {"last_class", run.lastClass},
-                            {"default_points", {defaultFirst, defaultLast}},
+                            {"default_points", {run.defaultPoints.first, run.defaultPoints.last}},
                             {"points", {run.firstPoint, run.lastPoint}},
-                            {"notices", NoticeTexts(ctx.dialogs, noticesBefore)},
+                            {"notices", NoticeTexts(run)},
                             {"X", Floats(run.X, 1, run.lastClass)},
                             {"Y", Floats(run.Y, 1, run.lastClass)},
                             {"N", Floats(run.N, 1, run.lastClass)}};
@@ -143,16 +121,16 @@ void RunCatchCurve(Context& ctx, const CatchCurveCliOptions& o) {
             for (size_t i = 1; i < ex->ne.size(); ++i) ne.push_back(ex->ne[i]);
             j["extrapolation"] = {{"z", ex->z},
                                   {"m", ex->m},
-                                  {"notices", exNotices},
+                                  {"notices", NoticeTexts(*ex)},
                                   {"ne", ne},
                                   {"probability", Floats(ex->probability, 1, run.nC)}};
         }
         ctx.print(j);
         return;
     }
-    for (const auto& text : NoticeTexts(ctx.dialogs, noticesBefore)) std::cout << text << "\n";
-    std::cout << "Class  " << CatchCurveXLabel(run.t0) << "  " << CatchCurveYLabel(run.c)
-              << "  N\n";
+    for (const auto& text : NoticeTexts(run)) std::cout << text << "\n";
+    std::cout << "Class  " << CatchCurveXLabel(run.growth.t0) << "  "
+              << CatchCurveYLabel(run.growth.c) << "  N\n";
     for (int i = run.firstClass; i <= run.lastClass; ++i) {
         const bool chosen = fitted && i >= run.firstPoint && i <= run.lastPoint;
         std::cout << (chosen ? "* " : "  ") << i << "  " << Format(run.X[i], "0.00") << "  "
@@ -169,7 +147,7 @@ void RunCatchCurve(Context& ctx, const CatchCurveCliOptions& o) {
               << "a = " << Format(f.a(), "0.000") << "  b = " << Format(f.b(), "0.000")
               << "  r = " << Format(f.r(), "0.0000") << "\n";
     if (ex) {
-        for (const auto& text : exNotices) std::cout << text << "\n";
+        for (const auto& text : NoticeTexts(*ex)) std::cout << text << "\n";
         std::cout << ExtrapolationSubtitle(*ex) << "\nClass  Probability\n";
         for (int i = 1; i <= run.nC; ++i)
             std::cout << i << "  " << Format(ex->probability[i], "0.0000") << "\n";

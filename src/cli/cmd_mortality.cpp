@@ -26,10 +26,6 @@ CLI::App& MortalityCommand(CLI::App& app) {
 
 namespace {
 
-void Refuse(const CalcStatus& s) {
-    if (!s.ok) throw Refusal(s.title, s.message);
-}
-
 nlohmann::json Optional(const std::optional<double>& v) {
     return v ? nlohmann::json(*v) : nlohmann::json(nullptr);
 }
@@ -43,7 +39,7 @@ void AddMeanLengthOptions(CLI::App* cmd, MeanLengthInput& in) {
 
 void RunBh(Context& ctx, const MeanLengthInput& in) {
     const auto r = ComputeBhMortality(in);
-    Refuse(r.status);
+    ctx.take(r);
     if (ctx.json) {
         ctx.print({{"z", r.z}});
     } else {
@@ -53,7 +49,7 @@ void RunBh(Context& ctx, const MeanLengthInput& in) {
 
 void RunAult(Context& ctx, const AultEhrhardtInput& in) {
     const auto r = ComputeAultEhrhardt(in);
-    Refuse(r.status);
+    ctx.take(r);
     if (ctx.json) {
         ctx.print({{"z", r.z}, {"exact_root", Optional(r.exactRoot)}});
     } else {
@@ -66,7 +62,7 @@ void RunAult(Context& ctx, const AultEhrhardtInput& in) {
 
 void RunHoenig(Context& ctx, const HoenigInput& in) {
     const auto r = ComputeHoenig(in);
-    Refuse(r.status);
+    ctx.take(r);
     if (ctx.json) {
         ctx.print({{"z1", Optional(r.z1)}, {"z2", Optional(r.z2)}, {"se2", Optional(r.se2)}});
         return;
@@ -87,7 +83,7 @@ struct PaulyOptions {
 void RunPauly(Context& ctx, PaulyOptions& o) {
     o.in.form = o.weight ? PaulyForm::Weight : PaulyForm::Length;
     const auto r = ComputePaulyM(o.in);
-    Refuse(r.status);
+    ctx.take(r);
     if (ctx.json) {
         ctx.print({{"m", r.m}});
     } else {
@@ -98,7 +94,7 @@ void RunPauly(Context& ctx, PaulyOptions& o) {
 
 void RunRikhter(Context& ctx, const RikhterEfanovInput& in) {
     const auto r = ComputeRikhterEfanov(in);
-    Refuse(r.status);
+    ctx.take(r);
     if (ctx.json) {
         ctx.print({{"m", r.m}});
     } else {

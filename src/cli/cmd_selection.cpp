@@ -36,10 +36,10 @@ void RunSelection(Context& ctx, const SelectionCliOptions& o) {
             }
             if (SelectedCount(pts) < 3) throw Refusal(kSelInvalidActionTitle, kSelTooFewPointsText);
         }
-        RegressionResult fit;
-        if (!Regress1(pts, fit, ctx.dialogs)) ctx.refuseWithLastNotice();
-        curve = LogisticCurve(in, pts, fit.a(), fit.b());
-        curve.r = fit.r();
+        const LogitFit logit = Regress1(pts);
+        ctx.take(logit);
+        curve = LogisticCurve(in, pts, logit.fit.a(), logit.fit.b());
+        curve.r = logit.fit.r();
     } else {
         curve = RunningAverage(in);
     }

@@ -41,13 +41,11 @@ std::optional<double> Bisect(const AultEhrhardtInput& in, double a, double b) {
 
 }  // namespace
 
-CalcStatus CheckAultEhrhardtInput(const AultEhrhardtInput& in) {
-    CalcStatus s = CheckMeanLengthInput(in.common);
-    if (!s.ok) return s;
-    if (!InRange(in.lmax, 0.25f, 9999.0f) || in.lmax > in.common.loo) {
-        return CalcStatus::Refused(kInvalidInputTitle, kLmaxLimitMessage);
-    }
-    return {};
+Outcome CheckAultEhrhardtInput(const AultEhrhardtInput& in) {
+    Outcome s = CheckMeanLengthInput(in.common);
+    if (s.ok() && (!InRange(in.lmax, 0.25f, 9999.0f) || in.lmax > in.common.loo))
+        s.refuse(kLmaxLimitMessage, kInvalidInputTitle);
+    return s;
 }
 
 double AultEhrhardtDistance(const AultEhrhardtInput& in, double z) {
@@ -56,8 +54,8 @@ double AultEhrhardtDistance(const AultEhrhardtInput& in, double z) {
 
 AultEhrhardtResult ComputeAultEhrhardt(const AultEhrhardtInput& in) {
     AultEhrhardtResult r;
-    r.status = CheckAultEhrhardtInput(in);
-    if (!r.status.ok) return r;
+    r.absorb(CheckAultEhrhardtInput(in));
+    if (!r.ok()) return r;
 
     r.zBevertonHolt = BevertonHoltZ(in.common);
     const double z0 = kAultStartFraction * r.zBevertonHolt;

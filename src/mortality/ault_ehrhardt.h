@@ -22,8 +22,7 @@ struct AultEhrhardtInput {
     float lmax = 0;
 };
 
-struct AultEhrhardtResult {
-    CalcStatus status;
+struct AultEhrhardtResult : Outcome {
     double z = 0;              // the last trial z of the stepping search
     int trials = 0;            // number of trial values taken
     double zBevertonHolt = 0;  // the bound of the search
@@ -32,7 +31,7 @@ struct AultEhrhardtResult {
 };
 
 // The five checks: the four common ones, then Lmax.
-CalcStatus CheckAultEhrhardtInput(const AultEhrhardtInput& in);
+Outcome CheckAultEhrhardtInput(const AultEhrhardtInput& in);
 
 // |R - T| at a trial z.
 double AultEhrhardtDistance(const AultEhrhardtInput& in, double z);

@@ -4,19 +4,28 @@
 #include "numerics/validators.h"
 
 namespace norvo {
+namespace {
 
-CalcStatus CheckMeanLengthInput(const MeanLengthInput& in) {
+Outcome Refused(const char* message) {
+    Outcome o;
+    o.refuse(message, kInvalidInputTitle);
+    return o;
+}
+
+}  // namespace
+
+Outcome CheckMeanLengthInput(const MeanLengthInput& in) {
     if (!InRange(in.loo, 0.25f, 9999.0f)) {
-        return CalcStatus::Refused(kInvalidInputTitle, kLooLimitMessage);
+        return Refused(kLooLimitMessage);
     }
     if (!InRange(in.k, 0.01f, 10.0f)) {
-        return CalcStatus::Refused(kInvalidInputTitle, kKLimitMessage);
+        return Refused(kKLimitMessage);
     }
     if (!InRange(in.lmean, 0.25f, 9999.0f) || in.lmean > in.loo) {
-        return CalcStatus::Refused(kInvalidInputTitle, kLmeanLimitMessage);
+        return Refused(kLmeanLimitMessage);
     }
     if (!InRange(in.lc, 0.25f, 9999.0f) || in.lc > in.lmean) {
-        return CalcStatus::Refused(kInvalidInputTitle, kLcLimitMessage);
+        return Refused(kLcLimitMessage);
     }
     return {};
 }
@@ -28,8 +37,8 @@ double BevertonHoltZ(const MeanLengthInput& in) {
 
 BhMortalityResult ComputeBhMortality(const MeanLengthInput& in) {
     BhMortalityResult r;
-    r.status = CheckMeanLengthInput(in);
-    if (!r.status.ok) return r;
+    r.absorb(CheckMeanLengthInput(in));
+    if (!r.ok()) return r;
     r.z = R4(BevertonHoltZ(in));
     return r;
 }

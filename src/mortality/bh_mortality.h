@@ -1,7 +1,7 @@
 #pragma once
 // Total mortality from the mean length of the catch (Beverton and Holt), and the input limits
 // shared with the Ault and Ehrhardt method.
-#include "mortality/calc_status.h"
+#include "base/outcome.h"
 
 namespace norvo {
 
@@ -33,13 +33,12 @@ struct MeanLengthInput {
     float lc = 0;  // L', the cut-off length
 };
 
-struct BhMortalityResult {
-    CalcStatus status;
+struct BhMortalityResult : Outcome {
     float z = 0;
 };
 
-// The four common checks in their order (Loo, K, Lmean, L'); ok when all pass.
-CalcStatus CheckMeanLengthInput(const MeanLengthInput& in);
+// The four common checks in their order (Loo, K, Lmean, L'); refused at the first that fails.
+Outcome CheckMeanLengthInput(const MeanLengthInput& in);
 
 // Z = K (Loo - Lmean) / (Lmean - L'). Lmean = L' is a division by zero.
 double BevertonHoltZ(const MeanLengthInput& in);

@@ -8,7 +8,6 @@
 #include "base/fault.h"
 #include "base/format.h"
 #include "growth/vbgf.h"
-#include "numerics/text_convert.h"
 #include "numerics/validators.h"
 
 namespace norvo {
@@ -18,8 +17,20 @@ namespace {
 constexpr float kSeasonTwoPi = 6.283f;
 constexpr int kSeasonSearchLimit = 100000;
 
-void Notify(DialogService& dialogs, const char* title, const std::string& text) {
-    dialogs.notify({text, title, Buttons::Ok, Icon::Information});
+// The catch curve's notices carry the information icon, refusals included.
+void Note(Outcome& o, const char* title, const std::string& text) {
+    o.note(text, title, Icon::Information);
+}
+void Refuse(Outcome& o, const char* title, const std::string& text) {
+    o.refuse(text, title, Icon::Information);
+}
+
+// The total of each sample (0-based), summed over the classes in order.
+std::vector<double> SampleTotals(const std::vector<std::vector<double>>& freq) {
+    std::vector<double> totals(freq.empty() ? 0 : freq.front().size(), 0.0);
+    for (size_t s = 0; s < totals.size(); ++s)
+        for (const auto& row : freq) totals[s] += row[s];
+    return totals;
 }
 
 // Number pool and ordinates grow to nC + 1 entries; indexes beyond fail loudly.
@@ -106,11 +117,9 @@ float SeasonalAgeOfLength(float length, float tS, float loo, float k, float c, f
 
 void TransformSamples(std::vector<std::vector<double>>& freq, CcTransform kind) {
     if (kind == CcTransform::Raw || freq.empty()) return;
-    const size_t nS = freq.front().size();
-    for (size_t s = 0; s < nS; ++s) {
-        double total = 0;
-        for (const auto& row : freq) total += row[s];
-        const double divisor = kind == CcTransform::Percent ? total : Sqrt(total);
+    const auto totals = SampleTotals(freq);
+    for (size_t s = 0; s < totals.size(); ++s) {
+        const double divisor = kind == CcTransform::Percent ? totals[s] : Sqrt(totals[s]);
         for (auto& row : freq) row[s] = Div(row[s] * 100, divisor);
     }
 }
@@ -134,39 +143,33 @@ std::vector<double> TemporalWeights(const LfqData& data) {
     return weights;
 }
 
-bool ValidateGrowthParams(const GrowthFields& f, bool looRequired, bool kRequired,
-                          DialogService& dialogs) {
-    auto check = [&](const std::string& text, bool required, double low, double high,
-                     const char* message) {
-        if (!required && (text.empty() || text == "NotSet")) return true;
-        double value = 0;
-        if (ParseNumber(text, value) && value >= low && value <= high) return true;
-        dialogs.notify({message, kValidatorTitle, Buttons::Ok, Icon::Warning});
-        return false;
+Outcome ValidateGrowthParams(const GrowthParams& g) {
+    Outcome o;
+    auto check = [&](float value, float low, float high, const char* message) {
+        if (!o.ok() || InRange(value, low, high)) return;
+        o.refuse(message, kValidatorTitle, Icon::Warning);
     };
-    return check(f.loo, looRequired, 1e-6, 1e6, kCcInvalidLooText) &&
-           check(f.k, kRequired, 1e-6, 100, kCcInvalidKText) &&
-           check(f.t0, false, -100, 100, kCcInvalidT0Text) &&
-           check(f.wp, false, 0, 1, kCcInvalidWpText) && check(f.c, false, 0, 1, kCcInvalidCText);
+    check(g.loo, 1e-6f, 1e6f, kCcInvalidLooText);
+    check(g.k, 1e-6f, 100, kCcInvalidKText);
+    check(g.t0, -100, 100, kCcInvalidT0Text);
+    check(g.wp, 0, 1, kCcInvalidWpText);
+    check(g.c, 0, 1, kCcInvalidCText);
+    return o;
 }
 
-CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& o,
-                               DialogService& dialogs) {
+CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& o) {
     CatchCurveRun run;
-    run.loo = o.loo;
-    run.k = o.k;
-    run.c = o.c;
-    run.wp = o.wp;
-    run.t0 = o.t0;
-    run.seasonal = o.c != 0;
+    run.growth = o.growth;
+    const double looD = o.growth.loo, kD = o.growth.k, t0D = o.growth.t0;
+    run.seasonal = o.growth.c != 0;
     const int nC = data.noOfClasses, nS = data.noOfSamples;
     run.nC = nC;
     run.w = data.classInterval;
     run.firstMid = data.smallestMl;
     run.lower = data.smallestMl - data.classInterval / 2;
 
-    if (run.firstMid > o.loo) {
-        Notify(dialogs, kCcInvalidInputTitle, kCcLooBelowDataText);
+    if (run.firstMid > looD) {
+        Refuse(run, kCcInvalidInputTitle, kCcLooBelowDataText);
         return run;
     }
     auto selected = [&](int s) {
@@ -175,17 +178,16 @@ CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& o,
     bool any = false;
     for (int s = 0; s < nS; ++s) any = any || selected(s);
     if (!any) {
-        Notify(dialogs, kCcInvalidActionTitle, kCcNoDataSelectedText);
+        Refuse(run, kCcInvalidActionTitle, kCcNoDataSelectedText);
         return run;
     }
 
     auto freq = data.freq;
     if (o.transform != CcTransform::Raw) {
-        for (int s = 0; s < nS; ++s) {
-            double total = 0;
-            for (const auto& row : freq) total += row[static_cast<size_t>(s)];
-            if (total == 0) {
-                Notify(dialogs, kCcEmptySampleTitle, EmptySampleText(s + 1));
+        const auto totals = SampleTotals(freq);
+        for (int s = 0; s < nS && s < static_cast<int>(totals.size()); ++s) {
+            if (totals[static_cast<size_t>(s)] == 0) {
+                Refuse(run, kCcEmptySampleTitle, EmptySampleText(s + 1));
                 return run;
             }
         }
@@ -208,28 +210,28 @@ CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& o,
             if (!selected(s)) continue;
             for (int j = 1; j <= nC; ++j) At(run.N, j) = R4(At(run.N, j) + F(s, j));
         }
-        if (Div(run.lower, o.loo) >= 0.999) {
-            Notify(dialogs, kCcNotEnoughDataTitle, kCcNoLineFromDataText);
+        if (Div(run.lower, looD) >= 0.999) {
+            Refuse(run, kCcNotEnoughDataTitle, kCcNoLineFromDataText);
             return run;
         }
-        run.dt = ClassDurations(run.lower, w, o.loo, o.k);
-        double tPrev = AgeOfLength(run.lower, o.loo, o.k, o.t0);
+        run.dt = ClassDurations(run.lower, w, looD, kD);
+        double tPrev = AgeOfLength(run.lower, looD, kD, t0D);
         int last = 0;
         for (int i = 1; i <= nC; ++i) {
             const double u = i * w + run.lower;
-            if (0.999 <= Div(u, o.loo)) break;
-            const double tU = AgeOfLength(u, o.loo, o.k, o.t0);
+            if (0.999 <= Div(u, looD)) break;
+            const double tU = AgeOfLength(u, looD, kD, t0D);
             At(run.Y, i) = R4(Div(At(run.N, i), tU - tPrev));
             tPrev = tU;
             last = i;
         }
         run.lastClass = last;
         if (last < 3) {
-            Notify(dialogs, kCcNotEnoughDataTitle, kCcFewerThanThreeText);
+            Refuse(run, kCcNotEnoughDataTitle, kCcFewerThanThreeText);
             return run;
         }
     } else {
-        const float loo = R4(o.loo), k = R4(o.k), c = R4(o.c), wp = R4(o.wp);
+        const float loo = o.growth.loo, k = o.growth.k, c = o.growth.c, wp = o.growth.wp;
         auto mid = [&](int j) { return (j - 1) * w + run.firstMid; };
         auto age = [&](double length, float tS) {
             return SeasonalAgeOfLength(R4(length), tS, loo, k, c, wp);
@@ -282,7 +284,7 @@ CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& o,
         }
         run.lastClass = nC;
         if (nC < 3) {
-            Notify(dialogs, kCcNotEnoughDataTitle, kCcFewerThanThreeText);
+            Refuse(run, kCcNotEnoughDataTitle, kCcFewerThanThreeText);
             return run;
         }
     }
@@ -298,14 +300,14 @@ CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& o,
     run.firstClass = first;
     run.lastClass = last;
     if (first == 0 || last - first < 2) {
-        Notify(dialogs, kCcNotEnoughDataTitle, kCcFewerThanThreeText);
+        Refuse(run, kCcNotEnoughDataTitle, kCcFewerThanThreeText);
         return run;
     }
 
     // Zero compensation: a run of empty classes borrows a quarter from each neighbour.
     for (int i = first + 1; i <= last - 1; ++i) {
         if (run.Y[i] != 0) continue;
-        Notify(dialogs, kCcNoticeTitle, ZeroCompensationText(i));
+        Note(run, kCcNoticeTitle, ZeroCompensationText(i));
         int z = 0;
         while (run.Y[i + z] == 0) ++z;
         const float a = R4(run.Y[i - 1] / 4.0);
@@ -325,10 +327,9 @@ CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& o,
     for (int i = first; i <= last; ++i) run.Y[i] = R4(Ln(run.Y[i]));
 
     if (!run.seasonal) {
-        const auto ages = MidpointAges(run.lower, w, o.loo, o.k, o.t0);
+        const auto ages = MidpointAges(run.lower, w, looD, kD, t0D);
         for (int i = 1; i <= nC && i < static_cast<int>(ages.size()); ++i) run.X[i] = R4(ages[i]);
     }
-    run.usable = true;
     return run;
 }
 
@@ -408,34 +409,21 @@ CcScale CatchCurveScale(const CatchCurveRun& run, const std::vector<float>& extr
     return s;
 }
 
-double CorrectedTemperature(double t) {
-    return t <= 3.5 ? Exp(2.4629 - 0.3042 * t) : t;
+Outcome CheckTemperature(double t) {
+    Outcome o;
+    if (t < -2) Refuse(o, kCcTemperatureTitle, kCcTooColdText);
+    if (t > 31) Refuse(o, kCcTemperatureTitle, kCcTooWarmText);
+    return o;
 }
 
-double PaulyM(double loo, double k, double correctedT) {
-    return Pow(10,
-               -0.0066 - 0.12116970 * Ln(loo) + 0.28416249 * Ln(k) + 0.20125462 * Ln(correctedT));
-}
-
-bool CheckTemperature(double t, DialogService& dialogs) {
-    if (t < -2) {
-        Notify(dialogs, kCcTemperatureTitle, kCcTooColdText);
-        return false;
-    }
-    if (t > 31) {
-        Notify(dialogs, kCcTemperatureTitle, kCcTooWarmText);
-        return false;
-    }
-    return true;
-}
-
-bool CheckMortalities(double z, double m, DialogService& dialogs) {
+Outcome CheckMortalities(double z, double m) {
+    Outcome o;
     if (!(z > 0 && m > 0)) {
-        Notify(dialogs, kCcInvalidActionTitle, kCcMissingInputText);
-        return false;
+        Refuse(o, kCcInvalidActionTitle, kCcMissingInputText);
+    } else if (m > z) {
+        Note(o, kCcMAboveZTitle, kCcMAboveZText);
     }
-    if (m > z) Notify(dialogs, kCcMAboveZTitle, kCcMAboveZText);
-    return true;
+    return o;
 }
 
 Extrapolation ExtrapolateProb(const CatchCurveRun& run, double z, double m, double t) {

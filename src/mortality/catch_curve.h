@@ -4,11 +4,13 @@
 // Arrays of a run are 1-based by class (index 0 unused) so that the class numbers shown to the
 // user are the indexes used here.
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "base/user_notice.h"
+#include "base/outcome.h"
 #include "data/lfq_data.h"
+#include "growth/vbgf.h"
 #include "numerics/regression.h"
 
 namespace norvo {
@@ -111,26 +113,50 @@ int SampleDayNumber(const LfqData& data, int s);
 // Temporal weight sqrt(d) of every sample (0-based), d the distance to the nearer neighbour.
 std::vector<double> TemporalWeights(const LfqData& data);
 
-// Growth parameters as typed; an optional field empty or "NotSet" is skipped. Shows the notice
-// of the first fault and returns false.
-struct GrowthFields {
-    std::string loo, k, c, wp, t0;
+// The growth parameters of a run: Loo and K required, t0, WP and C optional (an optional one
+// left out is 0). A parameter that is no number is NaN. Refused with the notice of the first
+// parameter out of its range, in the order Loo, K, t0, WP, C.
+Outcome ValidateGrowthParams(const GrowthParams& growth);
+
+// A stretch of the curve, first and last class; 0, 0 when none is set.
+struct PointRange {
+    int first = 0, last = 0;
+    bool operator==(const PointRange&) const = default;
 };
-bool ValidateGrowthParams(const GrowthFields& f, bool looRequired, bool kRequired,
-                          DialogService& dialogs);
+
+// The mortalities of the extrapolation: Z (the curve's own when absent) and M, typed or from
+// the temperature by Pauly's formula.
+struct MortalityOptions {
+    std::optional<double> z;
+    std::optional<double> m;
+    std::optional<double> temperature;  // mean water temperature, deg C
+};
 
 struct CatchCurveOptions {
-    double loo = 0, k = 0, c = 0, wp = 0, t0 = 0;
+    GrowthParams growth;         // Loo, K, C, WP, t0; SS and SL play no part
     std::vector<bool> selected;  // by sample, 0-based; empty selects all
     CcTransform transform = CcTransform::Raw;
     bool temporal = false;
+    // The rest is for RunCatchCurve: the stretch to fit (the default stretch when absent) and
+    // the extrapolation of the probabilities of capture (none when absent).
+    std::optional<PointRange> points;
+    std::optional<MortalityOptions> extrapolate;
 };
 
-// One run of the catch curve. Arrays are 1-based, sized nC + 1.
-struct CatchCurveRun {
-    bool usable = false;  // false when the run was stopped by a notice
+// Probabilities of capture by back-extrapolation with a ramp of mortality from M to Z, with the
+// notices of the checks on the way.
+struct Extrapolation : Outcome {
+    double z = 0, m = 0, t = 0;
+    std::vector<double> ne;          // expected numbers, 1..firstPoint
+    std::vector<float> yExtra;       // extrapolated ln(Ne/dt), 1..firstPoint - 1
+    std::vector<float> probability;  // by class, 1..nC
+};
+
+// One run of the catch curve. Arrays are 1-based, sized nC + 1. Refused when a notice stopped
+// the run; its notices (zero compensation, the extrapolation's checks) in order.
+struct CatchCurveRun : Outcome {
     bool seasonal = false;
-    double loo = 0, k = 0, c = 0, wp = 0, t0 = 0;
+    GrowthParams growth;
     double lower = 0, w = 0, firstMid = 0;
     int nC = 0;
     std::vector<float> X, Y, N;
@@ -138,12 +164,18 @@ struct CatchCurveRun {
     int firstClass = 0, lastClass = 0;
     int firstPoint = 0, lastPoint = 0;
     RegressionResult fit;
+    // Set by RunCatchCurve: the stretch the rule chose, whether the refusal concerns a growth
+    // parameter (the screen then shows its data tab), and the extrapolation when asked for.
+    PointRange defaultPoints;
+    bool growthRefused = false;
+    std::optional<Extrapolation> extrapolation;
+
+    bool fitted() const { return firstPoint > 0; }
 };
 
 // Steps of the catch curve from the pooled numbers to ln(N/dt) against age, with every notice.
 // `data` is the file as read; growth values are taken as already validated.
-CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& options,
-                               DialogService& dialogs);
+CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& options);
 // The default stretch by exhaustive search scored by F; leaves the points at 0 when nothing
 // scores.
 void ComputeDefaultPoints(CatchCurveRun& run);
@@ -160,22 +192,12 @@ struct CcScale {
 // The scale over FirstClass..LastClass of the given ordinates (extra values widen it).
 CcScale CatchCurveScale(const CatchCurveRun& run, const std::vector<float>& extraY = {});
 
-// Natural mortality from temperature: the correction of cold temperatures and Pauly's formula
-// in natural logarithms.
-double CorrectedTemperature(double t);
-double PaulyM(double loo, double k, double correctedT);
-// Checks a temperature; shows the notice and returns false when out of -2..31.
-bool CheckTemperature(double t, DialogService& dialogs);
-// The Proceed check: Z > 0 and M > 0 (notice, false), and the M > Z warning (true).
-bool CheckMortalities(double z, double m, DialogService& dialogs);
+// Checks a temperature: refused when out of -2..31.
+Outcome CheckTemperature(double t);
+// The Proceed check: refused unless Z > 0 and M > 0; M > Z warns and lets the run go on.
+Outcome CheckMortalities(double z, double m);
 
-// Probabilities of capture by back-extrapolation with a ramp of mortality from M to Z.
-struct Extrapolation {
-    double z = 0, m = 0, t = 0;
-    std::vector<double> ne;          // expected numbers, 1..firstPoint
-    std::vector<float> yExtra;       // extrapolated ln(Ne/dt), 1..firstPoint - 1
-    std::vector<float> probability;  // by class, 1..nC
-};
+// The extrapolation itself, on mortalities already checked; it carries no notices.
 Extrapolation ExtrapolateProb(const CatchCurveRun& run, double z, double m, double t);
 // "(for Z=...; M (at ...ºC)=...; F=...; E=...)"
 std::string ExtrapolationSubtitle(const Extrapolation& e);

@@ -48,8 +48,8 @@ CcScale DrawCatchCurve(ChartCanvas& canvas, const CatchCurveRun& run, int picked
     }
     DrawPlotTitle(canvas, kCcTitle, 2);
     if (ex) DrawPlotTitle(canvas, ExtrapolationSubtitle(*ex), 7);
-    DrawYTitle(canvas, CatchCurveYLabel(run.c));
-    DrawXTitle(canvas, CatchCurveXLabel(run.t0));
+    DrawYTitle(canvas, CatchCurveYLabel(run.growth.c));
+    DrawXTitle(canvas, CatchCurveXLabel(run.growth.t0));
 
     const auto pts = CatchCurvePointPositions(run, s);
     const int f = run.firstPoint, l = run.lastPoint;
@@ -78,11 +78,11 @@ ReportDescriptor CatchCurveReport(const LfqData& data, const CatchCurveRun& run,
     in.fields.push_back({"File:", data.path});
     in.fields.push_back({"Species:", data.speciesname});
     in.fields.push_back({"Identifiers:", data.otherId});
-    in.fields.push_back(NumberField("Loo:", run.loo, "0.00"));
-    in.fields.push_back(NumberField("K:", run.k, "0.000"));
-    in.fields.push_back(NumberField("C:", run.c, "0.00"));
-    in.fields.push_back(NumberField("WP:", run.wp, "0.00"));
-    in.fields.push_back(NumberField("t0:", run.t0, "0.00"));
+    in.fields.push_back(NumberField("Loo:", run.growth.loo, "0.00"));
+    in.fields.push_back(NumberField("K:", run.growth.k, "0.000"));
+    in.fields.push_back(NumberField("C:", run.growth.c, "0.00"));
+    in.fields.push_back(NumberField("WP:", run.growth.wp, "0.00"));
+    in.fields.push_back(NumberField("t0:", run.growth.t0, "0.00"));
     auto& out = rep.addSection("Results", true);
     using R = RegressionResult;
     out.fields.push_back(

@@ -25,11 +25,11 @@ double HoenigModel1(double tmax) {
 HoenigResult ComputeHoenig(const HoenigInput& in) {
     HoenigResult r;
     if (!in.model1 && !in.model2) {
-        r.status = CalcStatus::Refused(kNoSelectionTitle, kNoSelectionMessage);
+        r.refuse(kNoSelectionMessage, kNoSelectionTitle);
         return r;
     }
     if (in.model2 && !(in.tc < in.tmax)) {
-        r.status = CalcStatus::Refused(kInvalidDataTitle, kTcNotBelowTmaxMessage);
+        r.refuse(kTcNotBelowTmaxMessage, kInvalidDataTitle);
         return r;
     }
     if (in.model1) r.z1 = HoenigModel1(in.tmax);

@@ -2,8 +2,7 @@
 // Total mortality from the age of the oldest animals (Hoenig's two models).
 #include <optional>
 
-#include "base/user_notice.h"
-#include "mortality/calc_status.h"
+#include "base/outcome.h"
 
 namespace norvo {
 
@@ -52,8 +51,7 @@ struct HoenigInput {
     float n = 0;   // size of the sample of old animals (model 2)
 };
 
-struct HoenigResult {
-    CalcStatus status;
+struct HoenigResult : Outcome {
     std::optional<double> z1;   // model 1
     std::optional<double> z2;   // model 2
     std::optional<double> se2;  // s.e. of model 2's Z

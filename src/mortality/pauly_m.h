@@ -1,7 +1,7 @@
 #pragma once
 // Natural mortality from growth parameters and mean habitat temperature (Pauly's equation), in
 // a length form and a weight form.
-#include "mortality/calc_status.h"
+#include "base/outcome.h"
 
 namespace norvo {
 
@@ -44,14 +44,19 @@ struct PaulyInput {
     float t = 0;  // mean habitat temperature, deg C
 };
 
-struct PaulyResult {
-    CalcStatus status;
+struct PaulyResult : Outcome {
     double m = 0;
     double temperatureUsed = 0;  // T after the cold-water correction
 };
 
-// The temperature the formula takes for a typed T.
-double PaulyTemperature(float t);
+// The temperature the formulas take for a typed T: at or below 3.5 deg C it is replaced by
+// exp(2.4629 - 0.3042 T). The calculator and the catch curve both go through here.
+double PaulyTemperature(double t);
+
+// M by the length formula as displayed, log10 M = -0.0066 - 0.279 log10 Loo + 0.6543 log10 K +
+// 0.4634 log10 T, computed in natural logarithms with the coefficients brought over as they
+// stand (the catch curve's M). `t` is the temperature after PaulyTemperature.
+double PaulyM(double loo, double k, double t);
 
 PaulyResult ComputePaulyM(const PaulyInput& in);
 

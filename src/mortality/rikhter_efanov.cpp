@@ -8,7 +8,7 @@ namespace norvo {
 RikhterEfanovResult ComputeRikhterEfanov(const RikhterEfanovInput& in) {
     RikhterEfanovResult r;
     if (!InRange(in.tm, 0.10f, 22.0f)) {
-        r.status = CalcStatus::Refused(kRikhterInvalidTitle, kRikhterLimitMessage);
+        r.refuse(kRikhterLimitMessage, kRikhterInvalidTitle);
         return r;
     }
     r.m = Div(1.52, Pow(in.tm, 0.72)) - 0.16;

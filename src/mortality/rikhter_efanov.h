@@ -1,6 +1,6 @@
 #pragma once
 // Natural mortality from the age at first maturity (Rikhter and Efanov).
-#include "mortality/calc_status.h"
+#include "base/outcome.h"
 
 namespace norvo {
 
@@ -14,8 +14,7 @@ struct RikhterEfanovInput {
     float tm = 0;  // age at first maturity, years
 };
 
-struct RikhterEfanovResult {
-    CalcStatus status;
+struct RikhterEfanovResult : Outcome {
     double m = 0;  // close to 0 at the upper age limit; shown as it is
 };
 

@@ -65,7 +65,7 @@ int SelectedCount(const LogitPoints& points) {
     return n;
 }
 
-bool Regress1(const LogitPoints& points, RegressionResult& fit, DialogService& dialogs) {
+LogitFit Regress1(const LogitPoints& points) {
     std::vector<float> x, y;
     for (size_t i = 0; i < points.selected.size(); ++i)
         if (points.selected[i]) {
@@ -74,24 +74,24 @@ bool Regress1(const LogitPoints& points, RegressionResult& fit, DialogService& d
         }
     RegressionResult candidate;
     if (x.size() >= 2) LinearRegression(x, y, 0, static_cast<int32_t>(x.size()) - 1, candidate);
+    LogitFit result;
     if (x.size() < 2 || candidate.b() <= 0) {
-        dialogs.inform(kSelPositiveSlopeText);
-        return false;
+        result.refuse(kSelPositiveSlopeText, kSelNoticeTitle, Icon::None);
+        return result;
     }
-    fit = candidate;
-    return true;
+    result.fit = candidate;
+    return result;
 }
 
-bool TogglePoint(LogitPoints& points, int i, DialogService& dialogs) {
+Outcome TogglePoint(LogitPoints& points, int i) {
     if (i < 0 || i >= static_cast<int>(points.selected.size())) throw SubscriptFault("logits");
+    Outcome o;
     points.selected[i] = !points.selected[i];
     if (SelectedCount(points) < 3) {
         points.selected[i] = !points.selected[i];
-        dialogs.notify(
-            {kSelTooFewPointsText, kSelInvalidActionTitle, Buttons::Ok, Icon::Information});
-        return false;
+        o.refuse(kSelTooFewPointsText, kSelInvalidActionTitle, Icon::Information);
     }
-    return true;
+    return o;
 }
 
 SelectionCurve LogisticCurve(const SelectionInput& in, const LogitPoints& points, double a,

@@ -6,11 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "base/user_notice.h"
+#include "base/outcome.h"
 #include "numerics/regression.h"
 
 namespace norvo {
 
+// The plain notice of a refused logit fit carries the program's name as its title.
+inline constexpr const char* kSelNoticeTitle = "Norvo II";
 inline constexpr const char* kSelPositiveSlopeText =
     "ERROR! Redo point selection to get a positive slope or use moving average for this data.";
 inline constexpr const char* kSelInvalidActionTitle = "Invalid Action";
@@ -60,11 +62,14 @@ struct LogitPoints {
 LogitPoints MakeLogitPoints(SelectionInput& input);
 int SelectedCount(const LogitPoints& points);
 
-// Fits the selected points. A slope of 0 or below (or fewer than two points) shows the notice
-// and returns false before anything is divided by it.
-bool Regress1(const LogitPoints& points, RegressionResult& fit, DialogService& dialogs);
-// Toggles point i; refuses (notice, no change, false) when fewer than 3 would remain.
-bool TogglePoint(LogitPoints& points, int i, DialogService& dialogs);
+// The fit of the selected points. A slope of 0 or below (or fewer than two points) refuses it
+// before anything is divided by it; the refused fit carries nothing.
+struct LogitFit : Outcome {
+    RegressionResult fit;
+};
+LogitFit Regress1(const LogitPoints& points);
+// Toggles point i; refused, with no change, when fewer than 3 would remain.
+Outcome TogglePoint(LogitPoints& points, int i);
 
 struct SelectionCurve {
     std::vector<float> smoothed;      // at midlengths, index 0 the leading point

@@ -9,7 +9,7 @@
 #include <QVBoxLayout>
 
 #include "mortality/mortality_reports.h"
-#include "numerics/text_convert.h"
+#include "widgets/command_boundary.h"
 #include "widgets/output_screen.h"
 
 namespace norvo::gui {
@@ -47,23 +47,41 @@ QPushButton* MakeButton(const QString& caption, const char* objectName, QWidget*
     return b;
 }
 
-CalcButtons AddCalcButtons(QWidget* owner, const std::function<void()>& onCompute,
-                           const std::function<void()>& onPrint) {
+namespace {
+
+// Compute, Print and Close in a right-aligned row; `wrap` puts each callback in its handler.
+template <class Wrap>
+CalcButtons MakeCalcButtons(QWidget* owner, const std::function<void()>& onCompute,
+                            const std::function<void()>& onPrint, Wrap wrap) {
     CalcButtons b;
     b.compute = MakeButton(kCalcCompute, "cmdCompute", owner);
-    QObject::connect(b.compute, &QPushButton::clicked, owner, [onCompute] { onCompute(); });
+    QObject::connect(b.compute, &QPushButton::clicked, owner, wrap([onCompute] { onCompute(); }));
     if (onPrint) {
         b.print = MakeButton(kCalcPrint, "cmdPrint", owner);
-        QObject::connect(b.print, &QPushButton::clicked, owner, [onPrint] { onPrint(); });
+        QObject::connect(b.print, &QPushButton::clicked, owner, wrap([onPrint] { onPrint(); }));
     }
     auto* close = MakeButton(kCalcClose, "cmdClose", owner);
-    QObject::connect(close, &QPushButton::clicked, owner, [owner] { CloseScreen(owner); });
+    QObject::connect(close, &QPushButton::clicked, owner, wrap([owner] { CloseScreen(owner); }));
     b.row = new QHBoxLayout;
     b.row->addStretch();
     b.row->addWidget(b.compute);
     if (b.print) b.row->addWidget(b.print);
     b.row->addWidget(close);
     return b;
+}
+
+}  // namespace
+
+CalcButtons AddCalcButtons(QWidget* owner, DialogService& dialogs,
+                           const std::function<void()>& onCompute,
+                           const std::function<void()>& onPrint) {
+    return MakeCalcButtons(owner, onCompute, onPrint,
+                           [&dialogs](auto f) { return Guarded(dialogs, std::move(f)); });
+}
+
+CalcButtons AddCalcButtons(QWidget* owner, const std::function<void()>& onCompute,
+                           const std::function<void()>& onPrint) {
+    return MakeCalcButtons(owner, onCompute, onPrint, [](auto f) { return f; });
 }
 
 void LayOutCalculator(QWidget* owner, std::initializer_list<CalcPart> parts, QLayout* buttonRow) {
@@ -76,16 +94,6 @@ void LayOutCalculator(QWidget* owner, std::initializer_list<CalcPart> parts, QLa
         }
     }
     layout->addLayout(buttonRow);
-}
-
-float BoxValue(const QLineEdit* box) {
-    return TextToSingle(box->text().trimmed().toStdString());
-}
-
-bool AcceptStatus(DialogService& dialogs, const CalcStatus& status) {
-    if (status.ok) return true;
-    dialogs.notify({status.message, status.title, Buttons::Ok, Icon::Warning});
-    return false;
 }
 
 void PrintCalculatorReport(ShellContext& ctx, const ReportDescriptor& report) {

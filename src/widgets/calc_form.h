@@ -1,6 +1,7 @@
 #pragma once
 // Building blocks shared by the small calculator screens: labelled input boxes and read-outs in
-// a form layout, buttons, reading a box as a 32-bit value, and the notice of a refused check.
+// a form layout, the button row, the printed page. Numbers go in and out through
+// widgets/number_box.h; a result's notices are shown with ShowNotices (base/outcome.h).
 #include <QString>
 
 #include <functional>
@@ -8,7 +9,7 @@
 
 #include "base/user_notice.h"
 #include "chart/report.h"
-#include "mortality/calc_status.h"
+#include "widgets/number_box.h"
 #include "widgets/shell_context.h"
 
 class QFormLayout;
@@ -38,8 +39,13 @@ struct CalcButtons {
     QPushButton* print = nullptr;  // null when the screen prints nothing
     QHBoxLayout* row = nullptr;
 };
-// Makes the buttons on `owner`: Compute and Print call back, Close closes the screen. Without a
-// print callback there is no Print button.
+// Makes the buttons on `owner`: Compute and Print call back, Close closes the screen, each
+// through the command boundary (widgets/command_boundary.h) with `dialogs`. Without a print
+// callback there is no Print button.
+CalcButtons AddCalcButtons(QWidget* owner, DialogService& dialogs,
+                           const std::function<void()>& onCompute,
+                           const std::function<void()>& onPrint = {});
+// The same row for a screen whose callbacks guard themselves.
 CalcButtons AddCalcButtons(QWidget* owner, const std::function<void()>& onCompute,
                            const std::function<void()>& onPrint = {});
 
@@ -53,12 +59,10 @@ struct CalcPart {
 // Stacks the parts top to bottom as the owner's layout, the button row last.
 void LayOutCalculator(QWidget* owner, std::initializer_list<CalcPart> parts, QLayout* buttonRow);
 
-// The box's text as a 32-bit value, an empty box being 0 (text that is no number is a
-// conversion fault).
-float BoxValue(const QLineEdit* box);
-
-// Shows the notice of a refused check (exclamation icon); true when the status is ok.
-bool AcceptStatus(DialogService& dialogs, const CalcStatus& status);
+// BoxSingle under the name the calculator screens first used.
+inline float BoxValue(const QLineEdit* box) {
+    return BoxSingle(box);
+}
 
 // Prints a calculator's page (its formula and results as the picture) through the output
 // screen: the printer dialogue, then printing or saving the picture.

@@ -10,6 +10,7 @@
 
 #include "data/lfq_file.h"
 #include "mortality/catch_curve.h"
+#include "widgets/command_boundary.h"
 
 namespace norvo::gui {
 
@@ -48,9 +49,10 @@ SamplePanel::SamplePanel(DialogService& dialogs, QWidget* parent)
 
     connect(temporal_, &QCheckBox::toggled, this, &SamplePanel::changed);
     connect(list_, &QListWidget::itemSelectionChanged, this, &SamplePanel::changed);
-    connect(help_, &QPushButton::clicked, this, [this] {
-        dialogs_.notify({kCcTemporalHelpText, kCcHelpTitle, Buttons::Ok, Icon::Information});
-    });
+    connect(
+        help_, &QPushButton::clicked, this, Guarded(dialogs_, [this] {
+            dialogs_.notify({kCcTemporalHelpText, kCcHelpTitle, Buttons::Ok, Icon::Information});
+        }));
 }
 
 void SamplePanel::setData(const LfqData& data) {

@@ -5,6 +5,7 @@
 
 #include "data/lfq_file.h"
 #include "mortality/catch_curve.h"
+#include "mortality/pauly_m.h"
 #include "selection/selection.h"
 #include "support/test_paths.h"
 

@@ -3,45 +3,45 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 #include "base/fault.h"
+#include "make_lfq.h"
+#include "mortality/pauly_m.h"
 #include "stock/simulation.h"
-#include "support/scripted_dialogs.h"
 
 namespace norvo {
 namespace {
 
-// One-sample file (or several, one column each) with the given frequencies by class.
-LfqData MakeLfq(double firstMid, double w, const std::vector<std::vector<double>>& samples,
-                std::vector<int16_t> days = {}, std::vector<int16_t> months = {}) {
-    LfqData d;
-    d.smallestMl = firstMid;
-    d.classInterval = w;
-    d.noOfSamples = static_cast<int32_t>(samples.size());
-    d.noOfClasses = static_cast<int32_t>(samples.front().size());
-    d.freq.assign(samples.front().size(), std::vector<double>(samples.size()));
-    for (size_t s = 0; s < samples.size(); ++s)
-        for (size_t c = 0; c < samples[s].size(); ++c) d.freq[c][s] = samples[s][c];
-    for (size_t s = 0; s < samples.size(); ++s) {
-        d.day.push_back(s < days.size() ? days[s] : 15);
-        d.month.push_back(s < months.size() ? months[s] : static_cast<int16_t>(s % 12 + 1));
-        d.year.push_back(2001);
-    }
-    return d;
-}
+using test::MakeLfq;
 
-CatchCurveOptions Plain(double loo, double k, double t0 = 0) {
+CatchCurveOptions Plain(float loo, float k, float t0 = 0) {
     CatchCurveOptions o;
-    o.loo = loo;
-    o.k = k;
-    o.t0 = t0;
+    o.growth.loo = loo;
+    o.growth.k = k;
+    o.growth.t0 = t0;
     return o;
 }
 
-std::vector<std::string> Texts(const ScriptedDialogs& d) {
+std::vector<std::string> Texts(const Outcome& o) {
     std::vector<std::string> t;
-    for (const auto& n : d.shown) t.push_back(n.text);
+    for (const auto& n : o.notices) t.push_back(n.text);
     return t;
+}
+
+// The refusing notice's text, or "" when the outcome was not refused.
+std::string RefusalText(const Outcome& o) {
+    return o.refusal() ? o.refusal()->text : "";
+}
+
+GrowthParams Growth(float loo, float k, float c = 0, float wp = 0, float t0 = 0) {
+    GrowthParams g;
+    g.loo = loo;
+    g.k = k;
+    g.c = c;
+    g.wp = wp;
+    g.t0 = t0;
+    return g;
 }
 
 TEST(CatchCurveAges, AgeAndDurationEdges) {
@@ -86,55 +86,57 @@ TEST(CatchCurveSamples, TransformAndTemporalWeights) {
     EXPECT_DOUBLE_EQ(two[1], std::sqrt(21.0));
 }
 
-TEST(CatchCurveValidation, GrowthFieldsStopAtFirstFault) {
-    ScriptedDialogs d;
-    EXPECT_TRUE(ValidateGrowthParams({"50", "0.5", "", "NotSet", ""}, true, true, d));
-    EXPECT_FALSE(ValidateGrowthParams({"", "0.5", "", "", ""}, true, true, d));
-    EXPECT_EQ(d.last().text, kCcInvalidLooText);
-    EXPECT_FALSE(ValidateGrowthParams({"50", "x", "", "", "y"}, true, true, d));
-    EXPECT_EQ(d.last().text, kCcInvalidKText);
-    EXPECT_FALSE(ValidateGrowthParams({"50", "1", "2", "", ""}, true, true, d));
-    EXPECT_EQ(d.last().text, kCcInvalidCText);
-    EXPECT_FALSE(ValidateGrowthParams({"50", "1", "", "1.5", ""}, true, true, d));
-    EXPECT_EQ(d.last().text, kCcInvalidWpText);
-    EXPECT_EQ(d.shown.size(), 4u);
+TEST(CatchCurveValidation, GrowthParamsStopAtFirstFault) {
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    // Optional parameters left out are 0.
+    EXPECT_TRUE(ValidateGrowthParams(Growth(50, 0.5f)).ok());
+    // A required parameter left out, or one that is no number, is refused.
+    auto o = ValidateGrowthParams(Growth(0, 0.5f));
+    EXPECT_FALSE(o.ok());
+    ASSERT_EQ(o.notices.size(), 1u);
+    EXPECT_EQ(o.notices[0].text, kCcInvalidLooText);
+    EXPECT_EQ(o.notices[0].icon, Icon::Warning);
+    EXPECT_EQ(RefusalText(ValidateGrowthParams(Growth(50, nan, 0, 0, nan))), kCcInvalidKText);
+    EXPECT_EQ(RefusalText(ValidateGrowthParams(Growth(50, 1, 2))), kCcInvalidCText);
+    EXPECT_EQ(RefusalText(ValidateGrowthParams(Growth(50, 1, 0, 1.5f))), kCcInvalidWpText);
+    EXPECT_EQ(RefusalText(ValidateGrowthParams(Growth(50, 1, 2, 0, -101))), kCcInvalidT0Text);
+    // The limits themselves pass, also where they are not exact in 32 bits.
+    EXPECT_TRUE(ValidateGrowthParams(Growth(1e6f, 1e-6f, 1, 1, -100)).ok());
 }
 
 TEST(CatchCurveRefusals, CutAtLooAndTooFewClasses) {
-    ScriptedDialogs d;
     // Every class lies above 99.9% of Loo.
-    auto run = CatchCurveMethod(MakeLfq(20, 0.02, {{5, 4, 3}}), Plain(20, 1), d);
-    EXPECT_FALSE(run.usable);
-    EXPECT_EQ(d.last().text, kCcNoLineFromDataText);
-    EXPECT_EQ(d.last().title, kCcNotEnoughDataTitle);
+    auto run = CatchCurveMethod(MakeLfq(20, 0.02, {{5, 4, 3}}), Plain(20, 1));
+    EXPECT_FALSE(run.ok());
+    ASSERT_NE(run.refusal(), nullptr);
+    EXPECT_EQ(run.refusal()->text, kCcNoLineFromDataText);
+    EXPECT_EQ(run.refusal()->title, kCcNotEnoughDataTitle);
     // Upper limits 4, 8, 12 of Loo 10: two classes survive the cut.
-    run = CatchCurveMethod(MakeLfq(2, 4, {{9, 8, 7, 6, 5}}), Plain(10, 1), d);
-    EXPECT_FALSE(run.usable);
+    run = CatchCurveMethod(MakeLfq(2, 4, {{9, 8, 7, 6, 5}}), Plain(10, 1));
+    EXPECT_FALSE(run.ok());
     EXPECT_EQ(run.lastClass, 2);
-    EXPECT_EQ(d.last().text, kCcFewerThanThreeText);
+    EXPECT_EQ(RefusalText(run), kCcFewerThanThreeText);
     // First midlength above Loo.
-    CatchCurveMethod(MakeLfq(30, 1, {{1, 2, 3}}), Plain(20, 1), d);
-    EXPECT_EQ(d.last().text, kCcLooBelowDataText);
+    EXPECT_EQ(RefusalText(CatchCurveMethod(MakeLfq(30, 1, {{1, 2, 3}}), Plain(20, 1))),
+              kCcLooBelowDataText);
     // Nothing selected.
     auto o = Plain(100, 0.5);
     o.selected = {false};
-    CatchCurveMethod(MakeLfq(10, 5, {{1, 2, 3}}), o, d);
-    EXPECT_EQ(d.last().text, kCcNoDataSelectedText);
+    EXPECT_EQ(RefusalText(CatchCurveMethod(MakeLfq(10, 5, {{1, 2, 3}}), o)), kCcNoDataSelectedText);
     // A sample without fish cannot be expressed as a percentage, even when not selected.
     o.selected = {true, false};
     o.transform = CcTransform::Percent;
-    CatchCurveMethod(MakeLfq(10, 5, {{1, 2, 3}, {0, 0, 0}}), o, d);
-    EXPECT_EQ(d.last().text, EmptySampleText(2));
+    EXPECT_EQ(RefusalText(CatchCurveMethod(MakeLfq(10, 5, {{1, 2, 3}, {0, 0, 0}}), o)),
+              EmptySampleText(2));
 }
 
 TEST(CatchCurveZeros, SingleZeroAndRunOfThree) {
     const double lower = 10, w = 5, loo = 100, k = 0.5;
     const auto dt = ClassDurations(lower, w, loo, k);
     {
-        ScriptedDialogs d;
-        auto run = CatchCurveMethod(MakeLfq(12.5, w, {{100, 80, 0, 50, 30, 20}}), Plain(loo, k), d);
-        ASSERT_TRUE(run.usable);
-        EXPECT_EQ(Texts(d), std::vector<std::string>{ZeroCompensationText(3)});
+        auto run = CatchCurveMethod(MakeLfq(12.5, w, {{100, 80, 0, 50, 30, 20}}), Plain(loo, k));
+        ASSERT_TRUE(run.ok());
+        EXPECT_EQ(Texts(run), std::vector<std::string>{ZeroCompensationText(3)});
         EXPECT_FLOAT_EQ(run.N[2], 60);
         EXPECT_FLOAT_EQ(run.N[4], 37.5);
         EXPECT_FLOAT_EQ(run.N[3], 32.5);
@@ -142,40 +144,35 @@ TEST(CatchCurveZeros, SingleZeroAndRunOfThree) {
         EXPECT_NEAR(std::exp(run.Y[3]), (80 / dt[2] + 50 / dt[4]) / 4, 1e-3 * 80 / dt[2]);
     }
     {
-        ScriptedDialogs d;
-        auto run =
-            CatchCurveMethod(MakeLfq(12.5, w, {{100, 80, 0, 0, 0, 40, 30}}), Plain(loo, k), d);
-        ASSERT_TRUE(run.usable);
-        EXPECT_EQ(Texts(d), std::vector<std::string>{ZeroCompensationText(3)});
+        auto run = CatchCurveMethod(MakeLfq(12.5, w, {{100, 80, 0, 0, 0, 40, 30}}), Plain(loo, k));
+        ASSERT_TRUE(run.ok());
+        EXPECT_EQ(Texts(run), std::vector<std::string>{ZeroCompensationText(3)});
         for (int i = 3; i <= 5; ++i) EXPECT_FLOAT_EQ(run.N[i], 10);
         EXPECT_FLOAT_EQ(run.N[6], 30);
     }
 }
 
 TEST(CatchCurveRun, LeadingAndTrailingZerosBoundTheClasses) {
-    ScriptedDialogs d;
-    auto run = CatchCurveMethod(MakeLfq(12.5, 5, {{0, 0, 90, 70, 40, 20, 0}}), Plain(100, 0.5), d);
-    ASSERT_TRUE(run.usable);
+    auto run = CatchCurveMethod(MakeLfq(12.5, 5, {{0, 0, 90, 70, 40, 20, 0}}), Plain(100, 0.5));
+    ASSERT_TRUE(run.ok());
     EXPECT_EQ(run.firstClass, 3);
     EXPECT_EQ(run.lastClass, 6);
-    EXPECT_TRUE(d.shown.empty());
+    EXPECT_TRUE(run.notices.empty());
 }
 
 TEST(CatchCurveDefaultPoints, RisingCurveLeavesPointsUnset) {
-    ScriptedDialogs d;
     auto run =
-        CatchCurveMethod(MakeLfq(12.5, 5, {{1, 10, 100, 1000, 10000, 100000}}), Plain(100, 0.5), d);
-    ASSERT_TRUE(run.usable);
+        CatchCurveMethod(MakeLfq(12.5, 5, {{1, 10, 100, 1000, 10000, 100000}}), Plain(100, 0.5));
+    ASSERT_TRUE(run.ok());
     ComputeDefaultPoints(run);
     EXPECT_EQ(run.firstPoint, 0);
     EXPECT_EQ(run.lastPoint, 0);
 }
 
 TEST(CatchCurveRun, TZeroShiftsAgesAndLabel) {
-    ScriptedDialogs d;
     const auto file = MakeLfq(12.5, 5, {{100, 80, 60, 40, 30, 20}});
-    auto plain = CatchCurveMethod(file, Plain(100, 0.5, 0), d);
-    auto shifted = CatchCurveMethod(file, Plain(100, 0.5, 1), d);
+    auto plain = CatchCurveMethod(file, Plain(100, 0.5, 0));
+    auto shifted = CatchCurveMethod(file, Plain(100, 0.5, 1));
     for (int i = 1; i <= 6; ++i) {
         EXPECT_NEAR(shifted.X[i], plain.X[i] - 1, 1e-5);
         EXPECT_FLOAT_EQ(shifted.Y[i], plain.Y[i]);
@@ -185,16 +182,15 @@ TEST(CatchCurveRun, TZeroShiftsAgesAndLabel) {
 }
 
 TEST(CatchCurveSeasonal, UsesDeselectedSamplesAndRefusesExtrapolation) {
-    ScriptedDialogs d;
     const auto file = MakeLfq(12.5, 5, {{5, 30, 60, 40, 20, 10, 5}, {2, 20, 50, 50, 30, 10, 2}},
                               {15, 15}, {3, 9});
     auto o = Plain(100, 0.5);
-    o.c = 0.5;
-    o.wp = 0.2;
-    auto all = CatchCurveMethod(file, o, d);
+    o.growth.c = 0.5;
+    o.growth.wp = 0.2f;
+    auto all = CatchCurveMethod(file, o);
     o.selected = {true, false};
-    auto one = CatchCurveMethod(file, o, d);
-    ASSERT_TRUE(all.usable);
+    auto one = CatchCurveMethod(file, o);
+    ASSERT_TRUE(all.ok());
     EXPECT_TRUE(all.seasonal);
     EXPECT_EQ(all.lastClass, one.lastClass);
     for (int i = all.firstClass; i <= all.lastClass; ++i) EXPECT_FLOAT_EQ(all.Y[i], one.Y[i]);
@@ -207,27 +203,26 @@ TEST(CatchCurveSeasonal, UsesDeselectedSamplesAndRefusesExtrapolation) {
 }
 
 TEST(CatchCurveMortality, TemperatureAndPauly) {
-    EXPECT_NEAR(CorrectedTemperature(2), 6.3885032, 1e-6);
-    EXPECT_DOUBLE_EQ(CorrectedTemperature(20), 20);
+    EXPECT_NEAR(PaulyTemperature(2), 6.3885032, 1e-6);
+    EXPECT_DOUBLE_EQ(PaulyTemperature(20), 20);
     EXPECT_NEAR(PaulyM(30, 0.5, 20), 0.97099382, 1e-7);
-    ScriptedDialogs d;
-    EXPECT_FALSE(CheckTemperature(-2.5, d));
-    EXPECT_EQ(d.last().text, kCcTooColdText);
-    EXPECT_FALSE(CheckTemperature(31.5, d));
-    EXPECT_EQ(d.last().text, kCcTooWarmText);
-    EXPECT_TRUE(CheckTemperature(31, d));
-    EXPECT_FALSE(CheckMortalities(0, 0.5, d));
-    EXPECT_EQ(d.last().text, kCcMissingInputText);
+    EXPECT_EQ(RefusalText(CheckTemperature(-2.5)), kCcTooColdText);
+    EXPECT_EQ(RefusalText(CheckTemperature(31.5)), kCcTooWarmText);
+    EXPECT_TRUE(CheckTemperature(31).ok());
+    EXPECT_TRUE(CheckTemperature(31).notices.empty());
+    EXPECT_EQ(RefusalText(CheckMortalities(0, 0.5)), kCcMissingInputText);
     // M above Z warns and lets the run go on.
-    EXPECT_TRUE(CheckMortalities(0.5, 0.8, d));
-    EXPECT_EQ(d.last().text, kCcMAboveZText);
+    const auto warned = CheckMortalities(0.5, 0.8);
+    EXPECT_TRUE(warned.ok());
+    ASSERT_EQ(warned.notices.size(), 1u);
+    EXPECT_EQ(warned.notices[0].text, kCcMAboveZText);
+    EXPECT_TRUE(CheckMortalities(0.8, 0.5).notices.empty());
 }
 
 TEST(CatchCurveExtrapolation, BackwardFromFirstPoint) {
-    ScriptedDialogs d;
     auto run =
-        CatchCurveMethod(MakeLfq(12.5, 5, {{20, 60, 100, 80, 60, 40, 30, 20}}), Plain(100, 0.5), d);
-    ASSERT_TRUE(run.usable);
+        CatchCurveMethod(MakeLfq(12.5, 5, {{20, 60, 100, 80, 60, 40, 30, 20}}), Plain(100, 0.5));
+    ASSERT_TRUE(run.ok());
     ComputeDefaultPoints(run);
     ASSERT_GE(run.firstPoint, 2);
     FitPoints(run);
@@ -247,7 +242,11 @@ TEST(CatchCurveExtrapolation, BackwardFromFirstPoint) {
         EXPECT_NEAR(e.probability[i], std::exp(run.Y[i]) * run.dt[i] / e.ne[i], 1e-5);
         EXPECT_LT(e.probability[i], 1.f);
     }
-    EXPECT_EQ(ExtrapolationSubtitle({1.2, 0.4, 25, {}, {}, {}}),
+    Extrapolation shown;
+    shown.z = 1.2;
+    shown.m = 0.4;
+    shown.t = 25;
+    EXPECT_EQ(ExtrapolationSubtitle(shown),
               "(for Z=1.20; M (at 25.0\u00baC)=0.40; F=0.80; E=0.67)");
 }
 
@@ -284,9 +283,8 @@ TEST(CatchCurveMeaning, SimulatedStockGivesItsZ) {
         d.month.push_back(static_cast<int16_t>(date.month));
         d.year.push_back(static_cast<int16_t>(date.year));
     }
-    ScriptedDialogs dialogs;
-    auto run = CatchCurveMethod(d, Plain(60, 0.5), dialogs);
-    ASSERT_TRUE(run.usable);
+    auto run = CatchCurveMethod(d, Plain(60, 0.5));
+    ASSERT_TRUE(run.ok());
     ComputeDefaultPoints(run);
     ASSERT_GT(run.firstPoint, 0);
     FitPoints(run);

@@ -15,7 +15,7 @@ namespace {
 //   N 5000 takes the last row: Z = 1/(0.137 x 18) = 0.405515, s.e. = 1/(0.025 x 18) = 2.222222
 TEST(Hoenig, WorkedExamples) {
     auto r = ComputeHoenig({true, true, 20, 2, 62});
-    ASSERT_TRUE(r.status.ok);
+    ASSERT_TRUE(r.ok());
     EXPECT_NEAR(*r.z1, 0.221396, 1e-6);
     EXPECT_NEAR(*r.z2, 0.245387, 1e-6);
     EXPECT_NEAR(*r.se2, 0.879044, 1e-6);
@@ -40,16 +40,19 @@ TEST(Hoenig, TableInterpolatesBetweenRowsAndClampsAtTheEnds) {
 
 TEST(Hoenig, SelectionAndTcChecks) {
     auto r = ComputeHoenig({false, false, 20, 2, 62});
-    EXPECT_FALSE(r.status.ok);
-    EXPECT_EQ(r.status.title, "No Selection");
-    EXPECT_EQ(r.status.message, "No model was selected to compute Z.");
+    EXPECT_FALSE(r.ok());
+    ASSERT_NE(r.refusal(), nullptr);
+    EXPECT_EQ(r.refusal()->title, "No Selection");
+    EXPECT_EQ(r.refusal()->text, "No model was selected to compute Z.");
 
     r = ComputeHoenig({true, true, 20, 20, 62});
-    EXPECT_EQ(r.status.title, "Invalid Data");
-    EXPECT_EQ(r.status.message,
+    ASSERT_NE(r.refusal(), nullptr);
+    EXPECT_EQ(r.refusal()->title, "Invalid Data");
+    EXPECT_EQ(r.refusal()->text,
               "tc must be smaller than tmax. Please adjust the values and try again.");
+    EXPECT_FALSE(r.z1.has_value());  // nothing computed
     // Model 1 alone does not look at tc.
-    EXPECT_TRUE(ComputeHoenig({true, false, 20, 30, 62}).status.ok);
+    EXPECT_TRUE(ComputeHoenig({true, false, 20, 30, 62}).ok());
 }
 
 TEST(Hoenig, NonPositiveTmaxIsAnArithmeticFault) {

@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "data/sample_readers.h"
-#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
 namespace norvo {
@@ -37,26 +36,27 @@ TEST(SelectionLogits, EdgeProbabilitiesAndLeadingPoint) {
 }
 
 TEST(SelectionLogits, FitRefusesFlatOrFallingSlopeAndKeepsThreePoints) {
-    ScriptedDialogs d;
     auto in = Input({0.1f, 0.1f, 0.1f, 1}, 1, 4);
     auto pts = MakeLogitPoints(in);
-    RegressionResult fit;
-    fit[RegressionResult::kB] = 42;
-    EXPECT_FALSE(Regress1(pts, fit, d));  // b = 0
-    EXPECT_EQ(d.last().text, kSelPositiveSlopeText);
-    EXPECT_FLOAT_EQ(fit.b(), 42);  // left as it was
+    const auto flat = Regress1(pts);  // b = 0
+    EXPECT_FALSE(flat.ok());
+    ASSERT_NE(flat.refusal(), nullptr);
+    EXPECT_EQ(flat.refusal()->text, kSelPositiveSlopeText);
+    EXPECT_EQ(flat.refusal()->title, "Norvo II");
+    EXPECT_FLOAT_EQ(flat.fit.b(), 0);  // the refused fit carries nothing
 
     auto rising = Input({0.05f, 0.2f, 0.5f, 0.8f, 1}, 1, 5);
     pts = MakeLogitPoints(rising);
-    ASSERT_TRUE(Regress1(pts, fit, d));
-    EXPECT_GT(fit.b(), 0);
-    EXPECT_TRUE(TogglePoint(pts, 4, d));  // four selected down to three
-    const size_t shown = d.shown.size();
-    EXPECT_FALSE(TogglePoint(pts, 3, d));  // would leave two
+    const auto fitted = Regress1(pts);
+    ASSERT_TRUE(fitted.ok());
+    EXPECT_GT(fitted.fit.b(), 0);
+    EXPECT_TRUE(TogglePoint(pts, 4).ok());  // four selected down to three
+    const auto kept = TogglePoint(pts, 3);  // would leave two
+    EXPECT_FALSE(kept.ok());
     EXPECT_TRUE(pts.selected[3]);
-    EXPECT_EQ(d.shown.size(), shown + 1);
-    EXPECT_EQ(d.last().text, kSelTooFewPointsText);
-    EXPECT_EQ(d.last().title, kSelInvalidActionTitle);
+    ASSERT_EQ(kept.notices.size(), 1u);
+    EXPECT_EQ(kept.notices[0].text, kSelTooFewPointsText);
+    EXPECT_EQ(kept.notices[0].title, kSelInvalidActionTitle);
 }
 
 TEST(SelectionLogits, LogisticCurveLengths) {

@@ -4,10 +4,10 @@
 #include <QGroupBox>
 #include <QLineEdit>
 
-#include "base/error_report.h"
-#include "base/format.h"
+#include "base/outcome.h"
 #include "mortality/mortality_reports.h"
 #include "widgets/calc_form.h"
+#include "widgets/number_box.h"
 
 namespace norvo::gui {
 
@@ -24,33 +24,31 @@ FrmAultErh::FrmAultErh(ShellContext& ctx, QWidget* parent) : QWidget(parent), ct
     txtRoot = AddResultRow(outForm, kAultExactRootCaption, "txtRoot", kPerYear);
 
     const auto buttons = AddCalcButtons(
-        this, [this] { cmdCompute(); }, [this] { cmdPrint(); });
+        this, ctx_.dialogs, [this] { cmdCompute(); }, [this] { cmdPrint(); });
     cmdComputeButton = buttons.compute;
     cmdPrintButton = buttons.print;
     LayOutCalculator(this, {inputs, result}, buttons.row);
 }
 
+AultEhrhardtInput FrmAultErh::input() const {
+    return {boxes.values(), BoxSingle(txtLmax)};
+}
+
 void FrmAultErh::cmdCompute() {
-    try {
-        const auto r = ComputeAultEhrhardt({boxes.values(), BoxValue(txtLmax)});
-        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
-        txtZ->setText(QString::fromStdString(Format(r.z, kZFormat)));
-        txtRoot->setText(r.exactRoot ? QString::fromStdString(Format(*r.exactRoot, kZFormat))
-                                     : QString(kAultNoRoot));
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
+    const auto r = ComputeAultEhrhardt(input());
+    if (!ShowNotices(r, ctx_.dialogs)) return;
+    SetBoxNumber(txtZ, r.z, kZFormat);
+    if (r.exactRoot) {
+        SetBoxNumber(txtRoot, *r.exactRoot, kZFormat);
+    } else {
+        txtRoot->setText(kAultNoRoot);
     }
 }
 
 void FrmAultErh::cmdPrint() {
-    try {
-        const AultEhrhardtInput in{boxes.values(), BoxValue(txtLmax)};
-        const auto r = ComputeAultEhrhardt(in);
-        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
-        PrintCalculatorReport(ctx_, AultEhrhardtReport(in, r));
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
-    }
+    const AultEhrhardtInput in = input();
+    const auto r = ComputeAultEhrhardt(in);
+    if (ShowNotices(r, ctx_.dialogs)) PrintCalculatorReport(ctx_, AultEhrhardtReport(in, r));
 }
 
 }  // namespace norvo::gui

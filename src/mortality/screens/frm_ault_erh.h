@@ -33,6 +33,7 @@ class FrmAultErh : public QWidget {
     QPushButton* cmdPrintButton = nullptr;
 
   private:
+    AultEhrhardtInput input() const;
     ShellContext& ctx_;
 };
 

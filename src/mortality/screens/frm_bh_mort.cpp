@@ -4,10 +4,10 @@
 #include <QGroupBox>
 #include <QLineEdit>
 
-#include "base/error_report.h"
-#include "base/format.h"
+#include "base/outcome.h"
 #include "mortality/mortality_reports.h"
 #include "widgets/calc_form.h"
+#include "widgets/number_box.h"
 
 namespace norvo::gui {
 
@@ -19,7 +19,7 @@ void MeanLengthBoxes::addTo(QFormLayout* form) {
 }
 
 MeanLengthInput MeanLengthBoxes::values() const {
-    return {BoxValue(txtLoo), BoxValue(txtK), BoxValue(txtLmean), BoxValue(txtLc)};
+    return {BoxSingle(txtLoo), BoxSingle(txtK), BoxSingle(txtLmean), BoxSingle(txtLc)};
 }
 
 FrmBhMort::FrmBhMort(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_(ctx) {
@@ -33,32 +33,26 @@ FrmBhMort::FrmBhMort(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     txtZ = AddResultRow(outForm, kComputedZCaption, "txtZ", kPerYear);
 
     const auto buttons = AddCalcButtons(
-        this, [this] { cmdCompute(); }, [this] { cmdPrint(); });
+        this, ctx_.dialogs, [this] { cmdCompute(); }, [this] { cmdPrint(); });
     cmdComputeButton = buttons.compute;
     cmdPrintButton = buttons.print;
     LayOutCalculator(this, {inputs, result}, buttons.row);
 }
 
+BhMortalityResult FrmBhMort::compute(const MeanLengthInput& in) {
+    const auto r = ComputeBhMortality(in);
+    if (ShowNotices(r, ctx_.dialogs)) SetBoxNumber(txtZ, r.z, kZFormat);
+    return r;
+}
+
 void FrmBhMort::cmdCompute() {
-    try {
-        const auto r = ComputeBhMortality(boxes.values());
-        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
-        txtZ->setText(QString::fromStdString(Format(r.z, kZFormat)));
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
-    }
+    compute(boxes.values());
 }
 
 void FrmBhMort::cmdPrint() {
-    try {
-        const MeanLengthInput in = boxes.values();
-        const auto r = ComputeBhMortality(in);
-        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
-        txtZ->setText(QString::fromStdString(Format(r.z, kZFormat)));
-        PrintCalculatorReport(ctx_, BhMortalityReport(in, r));
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
-    }
+    const MeanLengthInput in = boxes.values();
+    const auto r = compute(in);
+    if (r.ok()) PrintCalculatorReport(ctx_, BhMortalityReport(in, r));
 }
 
 }  // namespace norvo::gui

@@ -43,6 +43,8 @@ class FrmBhMort : public QWidget {
     QPushButton* cmdPrintButton = nullptr;
 
   private:
+    // Computes and shows Z, or the notice of the failed check.
+    BhMortalityResult compute(const MeanLengthInput& in);
     ShellContext& ctx_;
 };
 

@@ -9,17 +9,19 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <limits>
 #include <optional>
 
-#include "base/format.h"
+#include "base/outcome.h"
 #include "base/settings_store.h"
 #include "data/lfq_file.h"
-#include "mortality/catch_curve.h"
 #include "mortality/catch_curve_plot.h"
+#include "mortality/catch_curve_run.h"
 #include "mortality/screens/frm_prob_catch_curve.h"
-#include "numerics/text_convert.h"
 #include "selection/screens/frm_probability.h"
 #include "selection/selection.h"
+#include "widgets/command_boundary.h"
+#include "widgets/number_box.h"
 #include "widgets/output_screen.h"
 #include "widgets/plot_view.h"
 #include "widgets/sample_panel.h"
@@ -49,12 +51,20 @@ constexpr std::array<const char*, 20> kStatCaptions = {"First point:",
                                                        "Mean x / SD x:",
                                                        "Mean y / SD y:",
                                                        "Correlation coef. (r):"};
+constexpr const char* kNotSet = "NotSet";
+
+// A growth box as a 32-bit number: empty or "NotSet" is 0 (an optional parameter left out),
+// text that is no number is NaN, which the check refuses with the parameter's notice.
+float GrowthValue(const QLineEdit* box) {
+    if (box->text().trimmed() == kNotSet) return 0;
+    const auto v = BoxNumber(box);
+    return v ? static_cast<float>(*v) : std::numeric_limits<float>::quiet_NaN();
+}
 }  // namespace
 
 struct FrmCatchCurve::State {
     LfqData data;
     std::optional<CatchCurveRun> run;
-    std::optional<Extrapolation> ex;
     CcScale scale;
     std::vector<UserPoint> positions;
     bool selecting = false;
@@ -86,7 +96,7 @@ FrmCatchCurve::FrmCatchCurve(ShellContext& ctx, QWidget* parent)
         fields_[i] = new QLineEdit(dataTab);
         form->addRow(kFieldCaptions[i], fields_[i]);
     }
-    for (int i = 2; i < 5; ++i) fields_[i]->setText("0");
+    for (int i = 2; i < 5; ++i) SetBoxNumber(fields_[i], 0, "0");
     dataLayout->addLayout(form);
     samples_ = new SamplePanel(ctx_.dialogs, dataTab);
     cmd_[3] = samples_->helpButton();
@@ -135,28 +145,33 @@ FrmCatchCurve::FrmCatchCurve(ShellContext& ctx, QWidget* parent)
     for (int i : {4, 5, 6, 0, 1}) buttons->addWidget(cmd_[i]);
     layout->addLayout(buttons);
 
-    connect(cmd_[0], &QPushButton::clicked, this, [this] { print(); });
-    connect(cmd_[1], &QPushButton::clicked, this, [this] { window()->close(); });
-    connect(cmd_[2], &QPushButton::clicked, this, [this] {
-        const auto path = ctx_.dialogs.openFile({kCcOpenTitle, kCcLfqFilter, {}, "lfq", {}, true});
-        if (path) Initialize(*path);
-    });
-    connect(cmd_[4], &QPushButton::clicked, this, [this] { CatchCurveMethod(); });
-    connect(cmd_[5], &QPushButton::clicked, this, [this] { ResetSelections(); });
-    connect(cmd_[6], &QPushButton::clicked, this, [this] { ExtrapolateOrShow(); });
-    for (auto* f : fields_) connect(f, &QLineEdit::textEdited, this, [this] { clearForChange(); });
+    auto& dialogs = ctx_.dialogs;
+    connect(cmd_[0], &QPushButton::clicked, this, Guarded(dialogs, [this] { print(); }));
+    connect(cmd_[1], &QPushButton::clicked, this, Guarded(dialogs, [this] { window()->close(); }));
+    connect(cmd_[2], &QPushButton::clicked, this, Guarded(dialogs, [this] {
+                const auto path =
+                    ctx_.dialogs.openFile({kCcOpenTitle, kCcLfqFilter, {}, "lfq", {}, true});
+                if (path) Initialize(*path);
+            }));
+    connect(cmd_[4], &QPushButton::clicked, this, Guarded(dialogs, [this] { CatchCurveMethod(); }));
+    connect(cmd_[5], &QPushButton::clicked, this, Guarded(dialogs, [this] { ResetSelections(); }));
+    connect(cmd_[6], &QPushButton::clicked, this,
+            Guarded(dialogs, [this] { ExtrapolateOrShow(); }));
+    for (auto* f : fields_)
+        connect(f, &QLineEdit::textEdited, this, Guarded(dialogs, [this] { clearForChange(); }));
     for (int i = 2; i < 5; ++i)
-        connect(fields_[i], &QLineEdit::editingFinished, this, [this, i] {
-            if (fields_[i]->text().isEmpty()) fields_[i]->setText("0");
-        });
-    connect(samples_, &SamplePanel::changed, this, [this] { clearForChange(); });
-    connect(plot_, &PlotView::clickedAt, this, [this](double x, double y) { clickPlot(x, y); });
-    connect(plot_, &PlotView::mouseMovedTo, this, [this](double x, double y) {
-        if (!st_->selecting || !st_->run) return;
-        plot_->setHotCursor(HitCatchCurvePoint(st_->positions, st_->run->firstClass,
-                                               st_->run->lastClass, x, y) >= 0);
-    });
-    connect(plot_, &PlotView::resized, this, [this] { redraw(); });
+        connect(fields_[i], &QLineEdit::editingFinished, this, Guarded(dialogs, [this, i] {
+                    if (fields_[i]->text().isEmpty()) SetBoxNumber(fields_[i], 0, "0");
+                }));
+    connect(samples_, &SamplePanel::changed, this, Guarded(dialogs, [this] { clearForChange(); }));
+    connect(plot_, &PlotView::clickedAt, this,
+            Guarded(dialogs, [this](double x, double y) { clickPlot(x, y); }));
+    connect(plot_, &PlotView::mouseMovedTo, this, Guarded(dialogs, [this](double x, double y) {
+                if (!st_->selecting || !st_->run) return;
+                plot_->setHotCursor(HitCatchCurvePoint(st_->positions, st_->run->firstClass,
+                                                       st_->run->lastClass, x, y) >= 0);
+            }));
+    connect(plot_, &PlotView::resized, this, Guarded(dialogs, [this] { redraw(); }));
 
     clearForChange();
     const std::string last = ctx_.settings.runTime(kKeyLastActive, kNoActiveFile);
@@ -177,7 +192,7 @@ const CatchCurveRun* FrmCatchCurve::run() const {
     return st_->run ? &*st_->run : nullptr;
 }
 const Extrapolation* FrmCatchCurve::extrapolation() const {
-    return st_->ex ? &*st_->ex : nullptr;
+    return st_->run && st_->run->extrapolation ? &*st_->run->extrapolation : nullptr;
 }
 
 void FrmCatchCurve::Initialize(const std::string& path) {
@@ -192,7 +207,6 @@ void FrmCatchCurve::Initialize(const std::string& path) {
 
 void FrmCatchCurve::clearForChange() {
     st_->run.reset();
-    st_->ex.reset();
     st_->selecting = false;
     st_->pick1 = 0;
     plot_->canvas().Clear();
@@ -209,35 +223,25 @@ void FrmCatchCurve::clearForChange() {
     setWindowTitle(QString::fromStdString(kCcCaptionPrefix + name + "]"));
 }
 
+GrowthParams FrmCatchCurve::growth() const {
+    GrowthParams g;
+    g.loo = GrowthValue(fields_[0]);
+    g.k = GrowthValue(fields_[1]);
+    g.c = GrowthValue(fields_[2]);
+    g.wp = GrowthValue(fields_[3]);
+    g.t0 = GrowthValue(fields_[4]);
+    return g;
+}
+
 void FrmCatchCurve::CatchCurveMethod() {
-    GrowthFields g;
-    std::string* texts[] = {&g.loo, &g.k, &g.c, &g.wp, &g.t0};
-    for (size_t i = 0; i < fields_.size(); ++i) *texts[i] = fields_[i]->text().toStdString();
-    if (!ValidateGrowthParams(g, true, true, ctx_.dialogs)) {
-        tabs_->setCurrentIndex(kDataTab);
-        return;
-    }
-    if (st_->data.path.empty()) {
-        ctx_.dialogs.notify(
-            {kCcNoDataSelectedText, kCcInvalidActionTitle, Buttons::Ok, Icon::Information});
-        return;
-    }
     CatchCurveOptions o;
-    auto value = [](const std::string& t) {
-        double v = 0;
-        return ParseNumber(t, v) ? v : 0.0;
-    };
-    o.loo = value(g.loo);
-    o.k = value(g.k);
-    o.c = value(g.c);
-    o.wp = value(g.wp);
-    o.t0 = value(g.t0);
+    o.growth = growth();
     o.selected = samples_->selected();
     o.transform = samples_->transform();
     o.temporal = samples_->temporal();
-    CatchCurveRun run = norvo::CatchCurveMethod(st_->data, o, ctx_.dialogs);
-    if (!run.usable) {
-        if (st_->data.smallestMl > o.loo) tabs_->setCurrentIndex(kDataTab);
+    CatchCurveRun run = RunCatchCurve(st_->data, o);
+    if (!ShowNotices(run, ctx_.dialogs)) {
+        if (run.growthRefused) tabs_->setCurrentIndex(kDataTab);
         return;
     }
     cmd_[4]->setEnabled(false);
@@ -245,9 +249,8 @@ void FrmCatchCurve::CatchCurveMethod() {
     st_->run = std::move(run);
     firstPoint_->setEnabled(true);
     lastPoint_->setEnabled(true);
-    ComputeDefaultPoints(*st_->run);
     tabs_->setCurrentIndex(kCurveTab);
-    if (st_->run->firstPoint == 0) {
+    if (!st_->run->fitted()) {
         redraw();
         ResetSelections();
         return;
@@ -260,15 +263,12 @@ void FrmCatchCurve::redraw() {
     const bool fitted = st_->run->firstPoint > 0 && !st_->selecting;
     CatchCurveRun shown = *st_->run;
     if (!fitted) shown.firstPoint = shown.lastPoint = 0;
-    st_->scale =
-        DrawCatchCurve(plot_->canvas(), shown, st_->pick1, 0, st_->ex ? &*st_->ex : nullptr);
+    st_->scale = DrawCatchCurve(plot_->canvas(), shown, st_->pick1, 0, extrapolation());
     st_->positions = CatchCurvePointPositions(*st_->run, st_->scale);
     plot_->update();
 }
 
 void FrmCatchCurve::DrawPointsAndCurve() {
-    auto& run = *st_->run;
-    FitPoints(run);
     st_->selecting = false;
     st_->pick1 = 0;
     redraw();
@@ -279,33 +279,35 @@ void FrmCatchCurve::DrawPointsAndCurve() {
 void FrmCatchCurve::fillStatistics() {
     const auto& run = *st_->run;
     const auto& f = run.fit;
-    auto put = [this](int i, const std::string& text) {
-        stats_[i]->setText(QString::fromStdString(text));
+    auto put = [this](int i, double value, std::string_view pattern) {
+        stats_[i]->setText(NumberText(value, pattern));
     };
     using R = RegressionResult;
-    firstPoint_->setText(QString::number(run.firstPoint));
-    lastPoint_->setText(QString::number(run.lastPoint));
-    put(0, std::to_string(run.firstPoint));
-    put(1, std::to_string(run.lastPoint));
-    put(2, Format(run.X[run.firstPoint], "0.00"));
-    put(3, Format(run.Y[run.firstPoint], "0.00"));
-    put(4, Format(run.X[run.lastPoint], "0.00"));
-    put(5, Format(run.Y[run.lastPoint], "0.00"));
-    put(6, Format(-f.b(), "0.00"));
-    put(7, Format(-f[R::kBHigh], "0.00"));
-    put(8, Format(-f[R::kBLow], "0.00"));
+    SetBoxNumber(firstPoint_, run.firstPoint, "0");
+    SetBoxNumber(lastPoint_, run.lastPoint, "0");
+    put(0, run.firstPoint, "0");
+    put(1, run.lastPoint, "0");
+    put(2, run.X[run.firstPoint], "0.00");
+    put(3, run.Y[run.firstPoint], "0.00");
+    put(4, run.X[run.lastPoint], "0.00");
+    put(5, run.Y[run.lastPoint], "0.00");
+    put(6, -f.b(), "0.00");
+    put(7, -f[R::kBHigh], "0.00");
+    put(8, -f[R::kBLow], "0.00");
     const int slotIds[] = {R::kA, R::kSeA, R::kALow, R::kAHigh,
                            R::kB, R::kSeB, R::kBLow, R::kBHigh};
-    for (int i = 0; i < 8; ++i) put(9 + i, Format(f[slotIds[i]], "0.000"));
-    put(17, Format(f[R::kMeanX], "0.000") + " / " + Format(f[R::kSdX], "0.000"));
-    put(18, Format(f[R::kMeanY], "0.000") + " / " + Format(f[R::kSdY], "0.000"));
-    put(19, Format(f.r(), "0.0000"));
+    for (int i = 0; i < 8; ++i) put(9 + i, f[slotIds[i]], "0.000");
+    stats_[17]->setText(NumberText(f[R::kMeanX], "0.000") + " / " +
+                        NumberText(f[R::kSdX], "0.000"));
+    stats_[18]->setText(NumberText(f[R::kMeanY], "0.000") + " / " +
+                        NumberText(f[R::kSdY], "0.000"));
+    put(19, f.r(), "0.0000");
 }
 
 void FrmCatchCurve::ResetSelections() {
     if (!st_->run) return;
     ctx_.dialogs.notify({kCcSelectingText, kCcSelectingTitle, Buttons::Ok, Icon::Information});
-    st_->ex.reset();
+    st_->run->extrapolation.reset();
     st_->selecting = true;
     st_->pick1 = 0;
     cmd_[6]->setText(kCcCmdExtrapolate);
@@ -332,17 +334,12 @@ void FrmCatchCurve::clickPlot(double x, double y) {
         redraw();
         return;
     }
-    const int a = std::min(st_->pick1, hit), b = std::max(st_->pick1, hit);
-    if (b - a < 2) {
-        ctx_.dialogs.notify(
-            {kCcTooFewPickedText, kCcInvalidActionTitle, Buttons::Ok, Icon::Information});
+    if (!ShowNotices(ChoosePoints(*st_->run, st_->pick1, hit), ctx_.dialogs)) {
         st_->pick1 = 0;
         cmd_[6]->setEnabled(false);
         redraw();
         return;
     }
-    st_->run->firstPoint = a;
-    st_->run->lastPoint = b;
     DrawPointsAndCurve();
 }
 
@@ -352,7 +349,7 @@ void FrmCatchCurve::ExtrapolateOrShow() {
     if (cmd_[6]->text() == kCcCmdShowProb) {
         SelectionInput in;
         in.nC = run.nC;
-        in.probability = st_->ex->probability;
+        in.probability = st_->run->extrapolation->probability;
         in.firstClass = run.firstClass;
         in.firstPoint = run.firstPoint;
         in.w = run.w;
@@ -361,13 +358,9 @@ void FrmCatchCurve::ExtrapolateOrShow() {
         probScreen_->show();
         return;
     }
-    if (run.seasonal) {
-        ctx_.dialogs.notify({SeasonalExtrapolationText(CatchCurveZ(run)), kCcInvalidActionTitle,
-                             Buttons::Ok, Icon::Information});
-        return;
-    }
+    if (!ShowNotices(CheckExtrapolation(run), ctx_.dialogs)) return;
     probDialog_ = new FrmProbCatchCurve(
-        ctx_, CatchCurveZ(run), run.loo, run.k,
+        ctx_, CatchCurveZ(run), run.growth,
         [this](double z, double m, double t) { onProceed(z, m, t); }, window());
     connect(probDialog_, &QObject::destroyed, this, [this] { probDialog_ = nullptr; });
     probDialog_->show();
@@ -375,7 +368,7 @@ void FrmCatchCurve::ExtrapolateOrShow() {
 
 void FrmCatchCurve::onProceed(double z, double m, double t) {
     if (!st_->run) return;
-    st_->ex = ExtrapolateProb(*st_->run, z, m, t);
+    st_->run->extrapolation = ExtrapolateProb(*st_->run, z, m, t);
     redraw();
     cmd_[6]->setText(kCcCmdShowProb);
 }

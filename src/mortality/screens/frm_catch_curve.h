@@ -16,6 +16,7 @@ class QTabWidget;
 namespace norvo {
 struct CatchCurveRun;
 struct Extrapolation;
+struct GrowthParams;
 }  // namespace norvo
 
 namespace norvo::gui {
@@ -65,6 +66,8 @@ class FrmCatchCurve : public QWidget {
 
   private:
     struct State;
+    // The growth boxes as numbers (Loo, K, C, WP, t0).
+    GrowthParams growth() const;
     void clearForChange();
     void DrawPointsAndCurve();
     void redraw();

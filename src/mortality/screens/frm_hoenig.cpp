@@ -6,17 +6,18 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 
-#include "base/error_report.h"
-#include "base/format.h"
+#include "base/outcome.h"
 #include "mortality/bh_mortality.h"
 #include "mortality/mortality_reports.h"
 #include "widgets/calc_form.h"
+#include "widgets/command_boundary.h"
+#include "widgets/number_box.h"
 
 namespace norvo::gui {
 namespace {
 
 QString Shown(const std::optional<double>& v) {
-    return v ? QString::fromStdString(Format(*v, kHoenigFormat)) : QString();
+    return v ? NumberText(*v, kHoenigFormat) : QString();
 }
 
 }  // namespace
@@ -29,7 +30,7 @@ FrmHoenig::FrmHoenig(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     txtTmax = AddInputRow(inForm, kTmaxCaption, "txtTmax");
     txtTc = AddInputRow(inForm, kTcCaption, "txtTc");
     txtN = AddInputRow(inForm, kNCaption, "txtN");
-    connect(txtTc, &QLineEdit::editingFinished, this, [this] { checkTc(); });
+    connect(txtTc, &QLineEdit::editingFinished, this, Guarded(ctx_.dialogs, [this] { checkTc(); }));
 
     std::array<QLineEdit**, 2> zBoxes = {&txtZ1, &txtZ2};
     std::array<QLineEdit**, 2> seBoxes = {&txtSe1, &txtSe2};
@@ -43,67 +44,54 @@ FrmHoenig::FrmHoenig(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
         form->addRow(chkHoenig[m]);
         *zBoxes[m] = AddResultRow(form, kHoenigZCaption, m == 0 ? "txtZ1" : "txtZ2", kPerYear);
         *seBoxes[m] = AddResultRow(form, kHoenigSeCaption, m == 0 ? "txtSe1" : "txtSe2");
-        connect(chkHoenig[m], &QCheckBox::toggled, this, [this, m](bool on) {
-            if (on) return;
-            (m == 0 ? txtZ1 : txtZ2)->clear();
-            (m == 0 ? txtSe1 : txtSe2)->clear();
-        });
+        connect(chkHoenig[m], &QCheckBox::toggled, this, Guarded(ctx_.dialogs, [this, m](bool on) {
+                    if (on) return;
+                    (m == 0 ? txtZ1 : txtZ2)->clear();
+                    (m == 0 ? txtSe1 : txtSe2)->clear();
+                }));
         models->addWidget(group);
     }
     txtSe1->setEnabled(false);
 
     const auto buttons = AddCalcButtons(
-        this, [this] { cmdCompute(); }, [this] { cmdPrint(); });
+        this, ctx_.dialogs, [this] { cmdCompute(); }, [this] { cmdPrint(); });
     cmdComputeButton = buttons.compute;
     cmdPrintButton = buttons.print;
     LayOutCalculator(this, {inputs, models}, buttons.row);
 }
 
 void FrmHoenig::checkTc() {
-    try {
-        if (txtTc->text().trimmed().isEmpty() || txtTmax->text().trimmed().isEmpty()) return;
-        if (BoxValue(txtTc) < BoxValue(txtTmax)) return;
-        ctx_.dialogs.notify(
-            {kTcFieldNotBelowTmaxMessage, kInvalidDataTitle, Buttons::Ok, Icon::Warning});
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
-    }
+    if (txtTc->text().trimmed().isEmpty() || txtTmax->text().trimmed().isEmpty()) return;
+    if (BoxSingle(txtTc) < BoxSingle(txtTmax)) return;
+    ctx_.dialogs.notify(
+        {kTcFieldNotBelowTmaxMessage, kInvalidDataTitle, Buttons::Ok, Icon::Warning});
+}
+
+HoenigInput FrmHoenig::input() const {
+    HoenigInput in;
+    in.model1 = chkHoenig[0]->isChecked();
+    in.model2 = chkHoenig[1]->isChecked();
+    in.tmax = BoxSingle(txtTmax);
+    in.tc = BoxSingle(txtTc);
+    in.n = BoxSingle(txtN);
+    return in;
 }
 
 void FrmHoenig::cmdCompute() {
-    try {
-        HoenigInput in;
-        in.model1 = chkHoenig[0]->isChecked();
-        in.model2 = chkHoenig[1]->isChecked();
-        in.tmax = BoxValue(txtTmax);
-        in.tc = BoxValue(txtTc);
-        in.n = BoxValue(txtN);
-        const auto r = ComputeHoenig(in);
-        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
-        if (in.model1) txtZ1->setText(Shown(r.z1));
-        if (in.model2) {
-            txtZ2->setText(Shown(r.z2));
-            txtSe2->setText(Shown(r.se2));
-        }
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
+    const HoenigInput in = input();
+    const auto r = ComputeHoenig(in);
+    if (!ShowNotices(r, ctx_.dialogs)) return;
+    if (in.model1) txtZ1->setText(Shown(r.z1));
+    if (in.model2) {
+        txtZ2->setText(Shown(r.z2));
+        txtSe2->setText(Shown(r.se2));
     }
 }
 
 void FrmHoenig::cmdPrint() {
-    try {
-        HoenigInput in;
-        in.model1 = chkHoenig[0]->isChecked();
-        in.model2 = chkHoenig[1]->isChecked();
-        in.tmax = BoxValue(txtTmax);
-        in.tc = BoxValue(txtTc);
-        in.n = BoxValue(txtN);
-        const auto r = ComputeHoenig(in);
-        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
-        PrintCalculatorReport(ctx_, HoenigReport(in, r));
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
-    }
+    const HoenigInput in = input();
+    const auto r = ComputeHoenig(in);
+    if (ShowNotices(r, ctx_.dialogs)) PrintCalculatorReport(ctx_, HoenigReport(in, r));
 }
 
 }  // namespace norvo::gui

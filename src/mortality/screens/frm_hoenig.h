@@ -40,6 +40,7 @@ class FrmHoenig : public QWidget {
     QPushButton* cmdPrintButton = nullptr;
 
   private:
+    HoenigInput input() const;
     ShellContext& ctx_;
 };
 

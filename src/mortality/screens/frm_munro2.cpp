@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "widgets/calc_form.h"
+#include "widgets/command_boundary.h"
 
 namespace norvo::gui {
 
@@ -18,8 +19,10 @@ FrmMunro2::FrmMunro2(ShellContext& ctx, QWidget* parent) : QWidget(parent) {
 
     auto* proceed = MakeButton(kMunro2Proceed, "cmdProceed", this);
     auto* close = MakeButton(kCalcClose, "cmdClose", this);
-    connect(proceed, &QPushButton::clicked, this, [this] { CloseScreen(this); });
-    connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
+    connect(proceed, &QPushButton::clicked, this,
+            Guarded(ctx.dialogs, [this] { CloseScreen(this); }));
+    connect(close, &QPushButton::clicked, this,
+            Guarded(ctx.dialogs, [this] { CloseScreen(this); }));
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(proceed);

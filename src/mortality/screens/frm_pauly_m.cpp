@@ -7,11 +7,12 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
-#include "base/error_report.h"
-#include "base/format.h"
+#include "base/outcome.h"
 #include "mortality/bh_mortality.h"
 #include "mortality/mortality_reports.h"
 #include "widgets/calc_form.h"
+#include "widgets/command_boundary.h"
+#include "widgets/number_box.h"
 
 namespace norvo::gui {
 
@@ -26,7 +27,8 @@ FrmPaulyM::FrmPaulyM(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     for (int i = 0; i < 2; ++i) {
         optPaulyM[i]->setObjectName(QString("optPaulyM%1").arg(i));
         formRow->addWidget(optPaulyM[i]);
-        connect(optPaulyM[i], &QRadioButton::toggled, this, [this] { showForm(); });
+        connect(optPaulyM[i], &QRadioButton::toggled, this,
+                Guarded(ctx_.dialogs, [this] { showForm(); }));
     }
     formRow->addStretch();
 
@@ -47,7 +49,7 @@ FrmPaulyM::FrmPaulyM(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     txtM = AddResultRow(outForm, kPaulyMCaption, "txtM", kPerYear);
 
     const auto buttons = AddCalcButtons(
-        this, [this] { cmdCompute(); }, [this] { cmdPrint(); });
+        this, ctx_.dialogs, [this] { cmdCompute(); }, [this] { cmdPrint(); });
     cmdComputeButton = buttons.compute;
     cmdPrintButton = buttons.print;
     LayOutCalculator(this, {formBox, lblFormula, inputs, lblRemark, result}, buttons.row);
@@ -68,26 +70,24 @@ void FrmPaulyM::showForm() {
     txtM->clear();
 }
 
+PaulyInput FrmPaulyM::input() const {
+    return {form(), BoxSingle(txtSize), BoxSingle(txtK), BoxSingle(txtT)};
+}
+
+PaulyResult FrmPaulyM::compute(const PaulyInput& in) {
+    const auto r = ComputePaulyM(in);
+    if (ShowNotices(r, ctx_.dialogs)) SetBoxNumber(txtM, r.m, kPaulyMFormat);
+    return r;
+}
+
 void FrmPaulyM::cmdCompute() {
-    try {
-        const auto r = ComputePaulyM({form(), BoxValue(txtSize), BoxValue(txtK), BoxValue(txtT)});
-        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
-        txtM->setText(QString::fromStdString(Format(r.m, kPaulyMFormat)));
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
-    }
+    compute(input());
 }
 
 void FrmPaulyM::cmdPrint() {
-    try {
-        const PaulyInput in{form(), BoxValue(txtSize), BoxValue(txtK), BoxValue(txtT)};
-        const auto r = ComputePaulyM(in);
-        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
-        txtM->setText(QString::fromStdString(Format(r.m, kPaulyMFormat)));
-        PrintCalculatorReport(ctx_, PaulyReport(in, r));
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
-    }
+    const PaulyInput in = input();
+    const auto r = compute(in);
+    if (r.ok()) PrintCalculatorReport(ctx_, PaulyReport(in, r));
 }
 
 }  // namespace norvo::gui

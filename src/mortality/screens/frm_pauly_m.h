@@ -42,6 +42,9 @@ class FrmPaulyM : public QWidget {
 
   private:
     void showForm();
+    PaulyInput input() const;
+    // Computes and shows M, or the notice of the failed check.
+    PaulyResult compute(const PaulyInput& in);
     ShellContext& ctx_;
 };
 

@@ -6,22 +6,20 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "base/format.h"
-#include "mortality/catch_curve.h"
-#include "numerics/text_convert.h"
+#include "base/outcome.h"
+#include "mortality/catch_curve_run.h"
+#include "widgets/command_boundary.h"
+#include "widgets/number_box.h"
 
 namespace norvo::gui {
 
 namespace {
-double ValueOf(const QLineEdit* e) {
-    double v = 0;
-    return ParseNumber(e->text().toStdString(), v) ? v : 0;
-}
+constexpr const char* kMortalityFormat = "0.000";
 }  // namespace
 
-FrmProbCatchCurve::FrmProbCatchCurve(ShellContext& ctx, double z, double loo, double k,
+FrmProbCatchCurve::FrmProbCatchCurve(ShellContext& ctx, double z, const GrowthParams& growth,
                                      Proceed proceed, QWidget* parent)
-    : QWidget(parent, Qt::Window), ctx_(ctx), loo_(loo), k_(k), onProceed_(std::move(proceed)) {
+    : QWidget(parent, Qt::Window), ctx_(ctx), growth_(growth), onProceed_(std::move(proceed)) {
     setWindowTitle(kProbCcTitle);
     setAttribute(Qt::WA_DeleteOnClose);
     auto* layout = new QVBoxLayout(this);
@@ -35,8 +33,8 @@ FrmProbCatchCurve::FrmProbCatchCurve(ShellContext& ctx, double z, double loo, do
     }
     fields_[0]->setReadOnly(true);
     fields_[3]->setReadOnly(true);
-    fields_[0]->setText(QString::fromStdString(Format(z, "0.00")));
-    fields_[1]->setText(fields_[0]->text());
+    SetBoxNumber(fields_[0], z, "0.00");
+    SetBoxNumber(fields_[1], z, "0.00");
     layout->addLayout(form);
     auto* buttons = new QHBoxLayout;
     proceed_ = new QPushButton(kProbCcProceed, this);
@@ -45,26 +43,29 @@ FrmProbCatchCurve::FrmProbCatchCurve(ShellContext& ctx, double z, double loo, do
     buttons->addWidget(proceed_);
     buttons->addWidget(cancel_);
     layout->addLayout(buttons);
-    connect(fields_[2], &QLineEdit::editingFinished, this, [this] { temperatureEntered(); });
-    connect(proceed_, &QPushButton::clicked, this, [this] { this->proceed(); });
-    connect(cancel_, &QPushButton::clicked, this, [this] { close(); });
+    connect(fields_[2], &QLineEdit::editingFinished, this,
+            Guarded(ctx_.dialogs, [this] { temperatureEntered(); }));
+    connect(proceed_, &QPushButton::clicked, this,
+            Guarded(ctx_.dialogs, [this] { this->proceed(); }));
+    connect(cancel_, &QPushButton::clicked, this, Guarded(ctx_.dialogs, [this] { close(); }));
 }
 
 void FrmProbCatchCurve::temperatureEntered() {
-    double t = 0;
-    if (!ParseNumber(fields_[2]->text().toStdString(), t)) return;
-    if (!CheckTemperature(t, ctx_.dialogs)) return;
-    t = CorrectedTemperature(t);
-    const double m = PaulyM(loo_, k_, t);
+    if (fields_[2]->text().trimmed().isEmpty()) return;
+    const auto typed = BoxNumber(fields_[2]);
+    if (!typed) return;
+    const TemperatureMortality r = MortalityAtTemperature(*typed, growth_);
+    if (!ShowNotices(r, ctx_.dialogs)) return;
     // The field shows the corrected temperature from here on.
-    fields_[2]->setText(QString::fromStdString(Format(t, "0.000")));
-    fields_[3]->setText(QString::fromStdString(Format(m, "0.000")));
-    fields_[4]->setText(fields_[3]->text());
+    SetBoxNumber(fields_[2], r.t, kMortalityFormat);
+    SetBoxNumber(fields_[3], r.m, kMortalityFormat);
+    SetBoxNumber(fields_[4], r.m, kMortalityFormat);
 }
 
 void FrmProbCatchCurve::proceed() {
-    const double z = ValueOf(fields_[1]), m = ValueOf(fields_[4]), t = ValueOf(fields_[2]);
-    if (!CheckMortalities(z, m, ctx_.dialogs)) return;
+    const double z = BoxNumber(fields_[1]).value_or(0), m = BoxNumber(fields_[4]).value_or(0),
+                 t = BoxNumber(fields_[2]).value_or(0);
+    if (!ShowNotices(CheckMortalities(z, m), ctx_.dialogs)) return;
     auto done = onProceed_;
     close();
     if (done) done(z, m, t);

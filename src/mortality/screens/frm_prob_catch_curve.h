@@ -2,8 +2,10 @@
 // "Mortalities...": Z and M for the extrapolation of the probabilities of capture. M comes from
 // the temperature by Pauly's formula unless typed.
 #include <QWidget>
+#include <array>
 #include <functional>
 
+#include "growth/vbgf.h"
 #include "widgets/shell_context.h"
 
 class QLineEdit;
@@ -18,7 +20,8 @@ inline constexpr const char* kProbCcCancel = "&Cancel";
 class FrmProbCatchCurve : public QWidget {
   public:
     using Proceed = std::function<void(double z, double m, double t)>;
-    FrmProbCatchCurve(ShellContext& ctx, double z, double loo, double k, Proceed proceed,
+    // `z` is the curve's Z; M comes from Loo and K of `growth`.
+    FrmProbCatchCurve(ShellContext& ctx, double z, const GrowthParams& growth, Proceed proceed,
                       QWidget* parent = nullptr);
     // Fields: 0 Z from the catch curve (read-only), 1 Z to use, 2 temperature, 3 M from the
     // formula, 4 M to use.
@@ -31,7 +34,7 @@ class FrmProbCatchCurve : public QWidget {
 
   private:
     ShellContext& ctx_;
-    double loo_, k_;
+    GrowthParams growth_;
     Proceed onProceed_;
     std::array<QLineEdit*, 5> fields_{};
     QPushButton* proceed_;

@@ -5,11 +5,11 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include "base/error_report.h"
-#include "base/format.h"
+#include "base/outcome.h"
 #include "mortality/bh_mortality.h"
 #include "mortality/mortality_reports.h"
 #include "widgets/calc_form.h"
+#include "widgets/number_box.h"
 
 namespace norvo::gui {
 
@@ -25,32 +25,26 @@ FrmRikEfa::FrmRikEfa(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     txtM = AddResultRow(outForm, kRikEfaMCaption, "txtM", kPerYear);
 
     const auto buttons = AddCalcButtons(
-        this, [this] { cmdCompute(); }, [this] { cmdPrint(); });
+        this, ctx_.dialogs, [this] { cmdCompute(); }, [this] { cmdPrint(); });
     cmdComputeButton = buttons.compute;
     cmdPrintButton = buttons.print;
     LayOutCalculator(this, {inputs, result}, buttons.row);
 }
 
+RikhterEfanovResult FrmRikEfa::compute(const RikhterEfanovInput& in) {
+    const auto r = ComputeRikhterEfanov(in);
+    if (ShowNotices(r, ctx_.dialogs)) SetBoxNumber(txtM, r.m, kRikhterMFormat);
+    return r;
+}
+
 void FrmRikEfa::cmdCompute() {
-    try {
-        const auto r = ComputeRikhterEfanov({BoxValue(txtTm)});
-        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
-        txtM->setText(QString::fromStdString(Format(r.m, kRikhterMFormat)));
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
-    }
+    compute({BoxSingle(txtTm)});
 }
 
 void FrmRikEfa::cmdPrint() {
-    try {
-        const RikhterEfanovInput in{BoxValue(txtTm)};
-        const auto r = ComputeRikhterEfanov(in);
-        if (!AcceptStatus(ctx_.dialogs, r.status)) return;
-        txtM->setText(QString::fromStdString(Format(r.m, kRikhterMFormat)));
-        PrintCalculatorReport(ctx_, RikhterEfanovReport(in, r));
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
-    }
+    const RikhterEfanovInput in{BoxSingle(txtTm)};
+    const auto r = compute(in);
+    if (r.ok()) PrintCalculatorReport(ctx_, RikhterEfanovReport(in, r));
 }
 
 }  // namespace norvo::gui

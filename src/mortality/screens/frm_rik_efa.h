@@ -29,6 +29,8 @@ class FrmRikEfa : public QWidget {
     QPushButton* cmdPrintButton = nullptr;
 
   private:
+    // Computes and shows M, or the notice of the failed check.
+    RikhterEfanovResult compute(const RikhterEfanovInput& in);
     ShellContext& ctx_;
 };
 

@@ -6,9 +6,11 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "base/format.h"
+#include "base/outcome.h"
 #include "selection/selection.h"
 #include "selection/selection_plot.h"
+#include "widgets/command_boundary.h"
+#include "widgets/number_box.h"
 #include "widgets/plot_view.h"
 
 namespace norvo::gui {
@@ -57,10 +59,12 @@ FrmLogits::FrmLogits(ShellContext& ctx, SelectionInput& input, const std::string
     side->addWidget(proceed_);
     side->addWidget(cancel_);
     layout->addLayout(side);
-    connect(proceed_, &QPushButton::clicked, this, [this] { this->proceed(); });
-    connect(cancel_, &QPushButton::clicked, this, [this] { close(); });
-    connect(plot_, &PlotView::clickedAt, this, [this](double x, double y) { clickPlot(x, y); });
-    connect(plot_, &PlotView::resized, this, [this] { DrawLogitsPoints(); });
+    auto& dialogs = ctx_.dialogs;
+    connect(proceed_, &QPushButton::clicked, this, Guarded(dialogs, [this] { this->proceed(); }));
+    connect(cancel_, &QPushButton::clicked, this, Guarded(dialogs, [this] { close(); }));
+    connect(plot_, &PlotView::clickedAt, this,
+            Guarded(dialogs, [this](double x, double y) { clickPlot(x, y); }));
+    connect(plot_, &PlotView::resized, this, Guarded(dialogs, [this] { DrawLogitsPoints(); }));
     DrawLogitsPoints();
     Regress1();
 }
@@ -87,14 +91,16 @@ void FrmLogits::DrawLogitsPoints() {
 }
 
 void FrmLogits::Regress1() {
-    st_->fitted = norvo::Regress1(st_->points, st_->fit, ctx_.dialogs);
+    const LogitFit logit = norvo::Regress1(st_->points);
+    st_->fitted = ShowNotices(logit, ctx_.dialogs);
     proceed_->setEnabled(st_->fitted);
     if (!st_->fitted) {
         for (auto* v : values_) v->clear();
     } else {
-        values_[0]->setText(QString::fromStdString(Format(st_->fit.a(), "0.00")));
-        values_[1]->setText(QString::fromStdString(Format(st_->fit.b(), "0.00")));
-        values_[2]->setText(QString::fromStdString(Format(st_->fit.r(), "0.00")));
+        st_->fit = logit.fit;
+        values_[0]->setText(NumberText(st_->fit.a(), "0.00"));
+        values_[1]->setText(NumberText(st_->fit.b(), "0.00"));
+        values_[2]->setText(NumberText(st_->fit.r(), "0.00"));
     }
     DrawLogitsPoints();
 }
@@ -112,7 +118,7 @@ void FrmLogits::clickPlot(double x, double y) {
             {kSelNoSelectionText, kSelNoSelectionTitle, Buttons::Ok, Icon::Information});
         return;
     }
-    if (!TogglePoint(st_->points, hit, ctx_.dialogs)) return;
+    if (!ShowNotices(TogglePoint(st_->points, hit), ctx_.dialogs)) return;
     DrawLogitsPoints();
     Regress1();
 }

@@ -7,12 +7,13 @@
 #include <QVBoxLayout>
 #include <optional>
 
-#include "base/format.h"
 #include "data/lfq_data.h"
 #include "mortality/catch_curve.h"
 #include "selection/screens/frm_logits.h"
 #include "selection/selection.h"
 #include "selection/selection_plot.h"
+#include "widgets/command_boundary.h"
+#include "widgets/number_box.h"
 #include "widgets/output_screen.h"
 #include "widgets/plot_view.h"
 
@@ -75,12 +76,15 @@ void FrmProbability::build() {
     }
     cmd_[5]->hide();
     layout->addLayout(side);
-    connect(cmd_[0], &QPushButton::clicked, this, [this] { useLogits(); });
-    connect(cmd_[1], &QPushButton::clicked, this, [this] { useRunningAverage(); });
-    connect(cmd_[2], &QPushButton::clicked, this, [this] { saveProbabilities(); });
-    connect(cmd_[3], &QPushButton::clicked, this, [this] { close(); });
-    connect(cmd_[4], &QPushButton::clicked, this, [this] { print(); });
-    connect(plot_, &PlotView::resized, this, [this] { draw(); });
+    auto& dialogs = ctx_.dialogs;
+    connect(cmd_[0], &QPushButton::clicked, this, Guarded(dialogs, [this] { useLogits(); }));
+    connect(cmd_[1], &QPushButton::clicked, this,
+            Guarded(dialogs, [this] { useRunningAverage(); }));
+    connect(cmd_[2], &QPushButton::clicked, this,
+            Guarded(dialogs, [this] { saveProbabilities(); }));
+    connect(cmd_[3], &QPushButton::clicked, this, Guarded(dialogs, [this] { close(); }));
+    connect(cmd_[4], &QPushButton::clicked, this, Guarded(dialogs, [this] { print(); }));
+    connect(plot_, &PlotView::resized, this, Guarded(dialogs, [this] { draw(); }));
     for (int i : {0, 1, 2, 4}) cmd_[i]->setEnabled(false);
 }
 
@@ -111,8 +115,7 @@ void FrmProbability::draw() {
 
 void FrmProbability::showLengths() {
     const float values[] = {st_->curve->l25, st_->curve->l50, st_->curve->l75};
-    for (int i = 0; i < 3; ++i)
-        lengths_[i]->setText(QString::fromStdString(Format(values[i], "0.00")));
+    for (int i = 0; i < 3; ++i) lengths_[i]->setText(NumberText(values[i], "0.00"));
     cmd_[4]->setEnabled(true);
     draw();
 }

@@ -5,6 +5,7 @@
 #include "base/settings_store.h"
 #include "data/sample_readers.h"
 #include "selection/selection.h"
+#include "widgets/command_boundary.h"
 
 namespace norvo::gui {
 
@@ -14,11 +15,11 @@ FrmProbability2::FrmProbability2(ShellContext& ctx, QWidget* parent) : FrmProbab
     setReportTitle(kSelTrawlTitle);
     setWindowTitle(kSelTrawlTitle);
     command(5)->show();
-    connect(command(5), &QPushButton::clicked, this, [this] {
-        const auto path =
-            ctx_.dialogs.openFile({kProbOpenTitle, kProbPrbFilter, {}, "prb", {}, true});
-        if (path) openFile(*path);
-    });
+    connect(command(5), &QPushButton::clicked, this, Guarded(ctx_.dialogs, [this] {
+                const auto path =
+                    ctx_.dialogs.openFile({kProbOpenTitle, kProbPrbFilter, {}, "prb", {}, true});
+                if (path) openFile(*path);
+            }));
     const std::string last = ctx_.settings.runTime(kKeyLastActive, kNoActiveFile);
     if (last.size() > 4) {
         std::string ext = last.substr(last.size() - 4);

@@ -10,6 +10,7 @@
 #include <QTabWidget>
 #include <QTest>
 
+#include "base/error_report.h"
 #include "growth/screens/frm_phi_prime.h"
 #include "mortality/screens/frm_ault_erh.h"
 #include "mortality/screens/frm_bh_mort.h"
@@ -140,6 +141,27 @@ TEST_F(CalcScreens, PaulyFormsChangeTheirTextsAndCompute) {
     Type(f.txtK, "10.01");
     f.cmdCompute();
     EXPECT_EQ(dialogs.last().text, "The K input exceeds limit (10 to 0.01). Please correct input.");
+}
+
+// A fault in a command ends in the defect report; the screen keeps what it showed.
+TEST_F(CalcScreens, FaultsInTheButtonsEndInTheDefectReport) {
+    FrmBhMort bh(ctx);
+    Type(bh.boxes.txtLoo, "50");
+    Type(bh.boxes.txtK, "0.5");
+    Type(bh.boxes.txtLmean, "30");
+    Type(bh.boxes.txtLc, "30");  // Lmean - L' = 0
+    QTest::mouseClick(bh.cmdComputeButton, Qt::LeftButton);
+    ASSERT_EQ(dialogs.shown.size(), 1u);
+    EXPECT_EQ(dialogs.last().title, kDefectTitle);
+    EXPECT_TRUE(bh.txtZ->text().isEmpty());
+
+    FrmHoenig h(ctx);
+    h.chkHoenig[0]->setChecked(true);
+    Type(h.txtTmax, "0");  // ln 0
+    QTest::mouseClick(h.cmdPrintButton, Qt::LeftButton);
+    ASSERT_EQ(dialogs.shown.size(), 2u);
+    EXPECT_EQ(dialogs.last().title, kDefectTitle);
+    EXPECT_TRUE(dialogs.printDialogs.empty());
 }
 
 TEST_F(CalcScreens, MunroStubSaysNotAvailableAndKeepsItsTabs) {

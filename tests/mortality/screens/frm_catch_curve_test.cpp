@@ -2,6 +2,7 @@
 // extrapolation, probabilities, logits, a saved probabilities file and the trawl-type screen.
 #include "mortality/catch_curve.h"
 #include "mortality/catch_curve_plot.h"
+#include "mortality/catch_curve_run.h"
 #include "selection/selection.h"
 
 #include "mortality/screens/frm_catch_curve.h"
@@ -20,6 +21,7 @@
 #include "data/lfq_file.h"
 #include "data/store_routines.h"
 #include "mortality/screens/frm_prob_catch_curve.h"
+#include "numerics/text_convert.h"
 #include "selection/screens/frm_logits.h"
 #include "selection/screens/frm_probability.h"
 #include "selection/screens/frm_probability2.h"
@@ -211,6 +213,32 @@ TEST_F(CatchCurveRoad, GrowthFieldsAndSeasonalRefusal) {
     Q_EMIT f.field(1)->textEdited("0.6");
     EXPECT_EQ(f.run(), nullptr);
     EXPECT_TRUE(f.command(4)->isEnabled());
+}
+
+// With a comma as decimal separator the mortality dialogue shows and reads back its numbers in
+// that form, and hands the screen the figures the core computes.
+TEST_F(CatchCurveRoad, MortalityDialogueInACommaLocale) {
+    SetDecimalSeparator(',');
+    GrowthParams g;
+    g.loo = 60;
+    g.k = 0.5f;
+    double z = 0, m = 0, t = 0;
+    auto* d = new FrmProbCatchCurve(ctx, 1.25, g, [&](double zz, double mm, double tt) {
+        z = zz;
+        m = mm;
+        t = tt;
+    });
+    EXPECT_EQ(d->field(1)->text().toStdString(), "1,25");
+    d->field(2)->setText("2");
+    d->temperatureEntered();
+    EXPECT_EQ(d->field(2)->text().toStdString(), "6,389");
+    const auto tm = MortalityAtTemperature(2, g);
+    d->proceedButton()->click();
+    ResetDecimalSeparator();
+    EXPECT_EQ(z, 1.25);
+    EXPECT_EQ(t, 6.389);
+    EXPECT_EQ(m, AsShownInDialog(tm.m));
+    EXPECT_GT(m, 0);
 }
 
 }  // namespace
