@@ -9,7 +9,6 @@
 #include "chart/rotated_text.h"
 #include "growth/elefan.h"
 #include "growth/elefan_lfq.h"
-#include "numerics/text_convert.h"
 #include "numerics/validators.h"
 
 namespace norvo {

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "growth/growth_settings.h"
+#include "growth/screens/parameter_field.h"
 #include "widgets/command_boundary.h"
 #include "widgets/number_box.h"
 
@@ -192,7 +193,7 @@ void ElefanSearchPage::plot() {
 
 void ElefanSearchPage::report() {
     Elefan1ReportInfo info =
-        MakeElefan1ReportInfo(shared_.file, FieldNumber(cSeed_), FieldNumber(wpSeed_));
+        MakeElefan1ReportInfo(shared_.file, ParameterNumber(cSeed_), ParameterNumber(wpSeed_));
     if (!rows_.empty()) info.results.fields = ElefanResultFields(rows_.back());
     RunElefanReport(shared_.ctx, ChartCanvas(), Elefan1ReportMode::Print, info);
 }

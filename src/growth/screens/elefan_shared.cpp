@@ -6,8 +6,8 @@
 #include <QLabel>
 #include <QLineEdit>
 
-#include "base/fault.h"
 #include "growth/screens/frm_vbgf_plot.h"
+#include "growth/screens/parameter_field.h"
 #include "widgets/number_box.h"
 #include "widgets/output_screen.h"
 
@@ -56,27 +56,6 @@ void ShowNumber(QLineEdit* field, const ShownNumber& n) {
     SetBoxNumber(field, n.value, n.pattern);
 }
 
-namespace {
-
-template <class Box>
-std::optional<double> NumberOrNothing(const Box* box) {
-    try {
-        return BoxNumber(box);
-    } catch (const Fault&) {
-        return std::nullopt;
-    }
-}
-
-}  // namespace
-
-std::optional<double> FieldNumber(const QLineEdit* field) {
-    return NumberOrNothing(field);
-}
-
-std::optional<double> FieldNumber(const QComboBox* list) {
-    return NumberOrNothing(list);
-}
-
 void ShowBest(const ResultFields& fields, const ElefanBest& best) {
     const auto values = ElefanBestValues(best);
     for (size_t i = 0; i < fields.size(); ++i)
@@ -99,7 +78,7 @@ void FillStartLists(QComboBox* samples, QComboBox* lengths, const RnLayout& layo
 void FillLengths(const QComboBox* samples, QComboBox* lengths, const RnLayout& layout) {
     lengths->clear();
     // A sample that is not a number offers no lengths.
-    const std::optional<double> sample = FieldNumber(samples);
+    const std::optional<double> sample = ParameterNumber(samples);
     if (!sample) return;
     for (float L : StartingLengths(layout, *sample)) lengths->addItem(NumberText(L, "0.00"));
 }

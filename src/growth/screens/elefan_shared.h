@@ -104,9 +104,6 @@ QLineEdit* MakeResultField(QWidget* parent, int index);
 // An editable list of starting samples or lengths.
 QComboBox* MakeStartList(QWidget* parent, const QString& name);
 void ShowNumber(QLineEdit* field, const ShownNumber& n);
-// The number in a field, or nothing when its text is not one (nor one beyond a double).
-std::optional<double> FieldNumber(const QLineEdit* field);
-std::optional<double> FieldNumber(const QComboBox* list);
 
 // The seven values of a best setting (Loo .. Rn) in result fields, and their clearing.
 using ResultFields = std::array<QLineEdit*, 7>;

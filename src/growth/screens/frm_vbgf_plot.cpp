@@ -11,11 +11,11 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include "base/fault.h"
 #include "chart/kind_a.h"
 #include "chart/report.h"
 #include "data/file_kind.h"
 #include "growth/growth_settings.h"
+#include "growth/screens/parameter_field.h"
 #include "widgets/command_boundary.h"
 #include "widgets/number_box.h"
 #include "widgets/output_screen.h"
@@ -27,16 +27,6 @@ namespace {
 
 QString Q(const std::string& s) {
     return QString::fromStdString(s);
-}
-
-// The number in a parameter box, or nothing when its text is not one (nor one beyond a double):
-// the box's check then refuses it.
-std::optional<double> ParameterNumber(const QLineEdit* box) {
-    try {
-        return BoxNumber(box);
-    } catch (const Fault&) {
-        return std::nullopt;
-    }
 }
 
 }  // namespace
