@@ -11,6 +11,11 @@
 namespace norvo {
 namespace {
 
+// A query: growth parameters with the starting point.
+GrowthParams Query(float loo, float k, float c, float wp, float ss, float sl) {
+    return {.loo = loo, .k = k, .c = c, .wp = wp, .ss = ss, .sl = sl};
+}
+
 // Yearly cohorts of a plain von Bertalanffy curve (Loo 0.9 of the top class, K 1) sampled
 // monthly, each a normal component.
 ElefanInput Simulated(int samples, int classes) {
@@ -65,7 +70,7 @@ void BM_ResponseSurface(benchmark::State& state) {
     ParallelRn rn(*scorer, static_cast<int>(state.range(0)));
     const auto [ss, sl] = scorer->defaultStart(72);
     const SurfaceInput in{0.2f, 2.0f, 60, 90, 0, 0, ss, sl};
-    const RnQuery previous{72, 1, 0, 0, ss, sl};
+    const GrowthParams previous = Query(72, 1, 0, 0, ss, sl);
     SearchSink sink;
     for (auto _ : state) benchmark::DoNotOptimize(ResponseSurface(rn, in, previous, sink));
 }
@@ -85,7 +90,7 @@ void BM_AutoSearchVariableStart(benchmark::State& state) {
     in.looStep = 0.5f;
     in.kStep = 0.05f;
     SearchSink sink;
-    for (auto _ : state) benchmark::DoNotOptimize(AutoSearch(rn, in, RnQuery{}, sink));
+    for (auto _ : state) benchmark::DoNotOptimize(AutoSearch(rn, in, GrowthParams{}, sink));
 }
 BENCHMARK(BM_AutoSearchVariableStart)
     ->ArgName("threads")

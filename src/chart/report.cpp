@@ -54,8 +54,6 @@ ReportField NumberField(const std::string& caption, double value, const std::str
     return {caption, Format(value, format)};
 }
 
-namespace {
-
 FileDialogOptions SaveImageDialog(const char* filter) {
     FileDialogOptions o;
     o.title = kSaveImageTitle;
@@ -65,8 +63,6 @@ FileDialogOptions SaveImageDialog(const char* filter) {
     o.overwritePrompt = true;
     return o;
 }
-
-}  // namespace
 
 PrintOutcome PrintOrSaveImage(const ChartCanvas& canvas, ReportOutput& output,
                               DialogService& dialogs, const PlotSaver& save,
@@ -121,26 +117,6 @@ std::vector<std::string> SavePlots(const std::vector<const ChartCanvas*>& plots,
     return written;
 }
 
-ReportDescriptor Elefan1ReportDescriptor(const Elefan1ReportInfo& info, std::time_t when) {
-    ReportDescriptor d;
-    d.screenName = "frmOutELEFAN1";
-    d.header1 = kElefanReportTitle;
-    d.header2 = kElefanReportSubtitle;
-    d.header3 = kReportGenerated + ReportDate(when);
-    auto& p = d.addSection("Parameters", false);
-    p.fields = {{"Filename: ", info.fileName},
-                {"Species name: ", info.speciesName},
-                {"Other identifier: ", info.otherIdentifier},
-                {"Class size: ", info.classSize},
-                {"Largest class size: ", info.largestClassSize},
-                {"Unit of measurement: ", info.unit}};
-    if (!info.results.fields.empty()) d.sections.push_back(info.results);
-    auto& other = d.addSection("Other Growth Parameters", true);
-    other.fields = {{"Amplitute of oscillation (C): ", info.amplitude},
-                    {"Winter Point (WP): ", info.winterPoint}};
-    return d;
-}
-
 bool WriteTabDelimited(const std::string& path, const std::vector<std::vector<std::string>>& rows) {
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     if (!out) return false;
@@ -152,42 +128,6 @@ bool WriteTabDelimited(const std::string& path, const std::vector<std::vector<st
         out << "\r\n";
     }
     return static_cast<bool>(out.flush());
-}
-
-bool ReportELEFAN1(const ChartCanvas& canvas, ReportOutput& output, DialogService& dialogs,
-                   Elefan1ReportMode mode, const Elefan1ReportInfo& info,
-                   const std::vector<std::vector<std::string>>& surfaceTable,
-                   const PlotSaver& save) {
-    switch (mode) {
-        case Elefan1ReportMode::Print: {
-            const auto outcome =
-                RunReport(Elefan1ReportDescriptor(info), canvas, output, dialogs, save);
-            return outcome != PrintOutcome::Cancelled && outcome != PrintOutcome::SaveFailed;
-        }
-        case Elefan1ReportMode::SaveSurface: {
-            FileDialogOptions table;
-            table.title = kSaveTableTitle;
-            table.filter = kTabFilter;
-            table.defaultExtension = "tab";
-            table.overwritePrompt = true;
-            const auto tablePath = dialogs.saveFile(table);
-            if (!tablePath || !WriteTabDelimited(*tablePath, surfaceTable)) return false;
-            const auto imagePath = dialogs.saveFile(SaveImageDialog(kImageFilter));
-            if (!imagePath || !save || !save(canvas, *imagePath)) return false;
-            dialogs.notify({"The response surface table was saved in " + *tablePath +
-                                " and the Response surface plot was saved in " + *imagePath + ".",
-                            kDataSavedTitle, Buttons::Ok, Icon::Information});
-            return true;
-        }
-        case Elefan1ReportMode::SaveKScan: {
-            const auto imagePath = dialogs.saveFile(SaveImageDialog(kImageFilter));
-            if (!imagePath || !save || !save(canvas, *imagePath)) return false;
-            dialogs.notify({"The K-scan plot was saved in " + *imagePath + ".", kDataSavedTitle,
-                            Buttons::Ok, Icon::Information});
-            return true;
-        }
-    }
-    return false;
 }
 
 }  // namespace norvo

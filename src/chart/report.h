@@ -99,6 +99,9 @@ struct PrintFork {
 
 enum class PrintOutcome { Cancelled, Printed, MainScreenPrinted, Saved, SaveFailed };
 
+// The "Save image..." dialogue with the given filter (a bitmap by default, overwrite prompt).
+FileDialogOptions SaveImageDialog(const char* filter);
+
 // Ends a report: the printer dialogue, then either printing of the output screen or, for a
 // print to a file, the "Save image..." dialogue and the picture written there. A cancel
 // anywhere ends quietly. The output screen is unloaded in every case.
@@ -114,30 +117,6 @@ PrintOutcome RunReport(const ReportDescriptor& report, const ChartCanvas& canvas
 // Returns the paths written (empty on cancel or failure).
 std::vector<std::string> SavePlots(const std::vector<const ChartCanvas*>& plots,
                                    DialogService& dialogs, const PlotSaver& save);
-
-// The ELEFAN I report.
-inline constexpr const char* kElefanReportTitle = "Norvo 2: Olmar-Tavesh Stock Assessment Tools";
-inline constexpr const char* kElefanReportSubtitle = "ELEFAN 1 Method";
-
-struct Elefan1ReportInfo {
-    std::string fileName, speciesName, otherIdentifier;
-    std::string classSize, largestClassSize, unit;  // as displayed
-    std::string amplitude, winterPoint;             // C and WP, as displayed
-    // Results of the run (Loo, K, Rn, ...), shown between the parameters and C, WP.
-    ReportSection results{"Growth Parameters", {}, true};
-};
-ReportDescriptor Elefan1ReportDescriptor(const Elefan1ReportInfo& info,
-                                         std::time_t when = std::time(nullptr));
-
-enum class Elefan1ReportMode { Print, SaveSurface, SaveKScan };
-
-// Print: the ELEFAN page through PrintOrSaveImage. SaveSurface: the response-surface table
-// (tab-delimited, rows of cells) and the plot, each in a file the user picks. SaveKScan: the
-// K-scan plot only. Returns false when nothing was done (a cancel, or a file not written).
-bool ReportELEFAN1(const ChartCanvas& canvas, ReportOutput& output, DialogService& dialogs,
-                   Elefan1ReportMode mode, const Elefan1ReportInfo& info,
-                   const std::vector<std::vector<std::string>>& surfaceTable,
-                   const PlotSaver& save);
 
 // Writes rows of cells, tab-separated, one line each. False when the file can't be written.
 bool WriteTabDelimited(const std::string& path, const std::vector<std::vector<std::string>>& rows);

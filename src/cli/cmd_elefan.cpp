@@ -1,5 +1,9 @@
 #include "cli/cmd_elefan.h"
 
+#include <charconv>
+
+#include "data/lfq_file.h"
+
 namespace norvo::cli {
 
 CLI::App& ElefanCommand(CLI::App& app) {
@@ -9,6 +13,25 @@ CLI::App& ElefanCommand(CLI::App& app) {
     auto* cmd = app.add_subcommand("elefan", "ELEFAN I: scores and searches of growth parameters");
     cmd->require_subcommand(1);
     return *cmd;
+}
+
+LfqData ReadLfqOrRefuse(Context& ctx, const std::string& path) {
+    ReadResult<LfqData> read = ReadLFQ(path);
+    if (!read) {
+        const UserNotice& n = read.error().notice;
+        Outcome failed;
+        failed.refuse(n.text, n.title, n.icon);
+        ctx.take(failed);
+    }
+    return std::move(read).value();
+}
+
+double Shortest(float v) {
+    char buf[32];
+    const auto res = std::to_chars(buf, buf + sizeof buf, v);
+    double d = 0;
+    std::from_chars(buf, res.ptr, d);
+    return d;
 }
 
 }  // namespace norvo::cli

@@ -1,13 +1,11 @@
 // norvo-cli elefan rn FILE.lfq --loo L --k K [--c C --wp WP] [--ss S --sl L]: the ELEFAN I score
 // of one set of growth parameters.
-#include <charconv>
 #include <memory>
 #include <optional>
 
 #include "base/format.h"
 #include "cli/cli_support.h"
 #include "cli/cmd_elefan.h"
-#include "data/lfq_file.h"
 #include "growth/elefan.h"
 #include "growth/elefan_lfq.h"
 
@@ -20,19 +18,8 @@ struct RnOptions {
     std::optional<float> ss, sl;
 };
 
-// A float as the shortest decimal that reads back as the same float.
-double Shortest(float v) {
-    char buf[32];
-    const auto res = std::to_chars(buf, buf + sizeof buf, v);
-    double d = 0;
-    std::from_chars(buf, res.ptr, d);
-    return d;
-}
-
 void RunRn(Context& ctx, const RnOptions& o) {
-    ctx.session.readLfq(o.path, ctx.dialogs);
-    if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
-    const LfqData& data = ctx.session.lfqData;
+    const LfqData data = ReadLfqOrRefuse(ctx, o.path);
     const ElefanModel model = RestructureElefan(ElefanInputFromLfq(data));
 
     GrowthParams p;

@@ -11,7 +11,6 @@
 #include "base/format.h"
 #include "cli/cli_support.h"
 #include "cli/cmd_elefan.h"
-#include "data/lfq_file.h"
 #include "growth/elefan.h"
 #include "growth/elefan_search.h"
 #include "growth/elefan_search_engine.h"
@@ -25,15 +24,6 @@ inline constexpr const char* kPlotFailedTitle = "Plot";
 inline constexpr const char* kPlotFailed = "The plot could not be written to ";
 inline constexpr const char* kBadPairTitle = "Invalid Input";
 inline constexpr const char* kBadPair = "Expected two numbers separated by ':' in ";
-
-// A float as the shortest decimal that reads back as the same float.
-double Shortest(float v) {
-    char buf[32];
-    const auto res = std::to_chars(buf, buf + sizeof buf, v);
-    double d = 0;
-    std::from_chars(buf, res.ptr, d);
-    return d;
-}
 
 // "A:B" as two 32-bit floats.
 std::pair<float, float> ParsePair(const std::string& text, const std::string& option) {
@@ -61,20 +51,18 @@ struct Common {
 struct Loaded {
     std::unique_ptr<ElefanFileScorer> scorer;
     std::unique_ptr<ParallelRn> rn;
-    RnQuery state;
+    GrowthParams state;
 };
 
 Loaded Load(Context& ctx, const Common& o) {
-    ctx.session.readLfq(o.path, ctx.dialogs);
-    if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
-    const LfqData& data = ctx.session.lfqData;
+    const LfqData data = ReadLfqOrRefuse(ctx, o.path);
     Loaded l;
     l.scorer = MakeElefanScorer(data);
     l.rn =
         std::make_unique<ParallelRn>(*l.scorer, o.threads > 0 ? o.threads : DefaultSearchThreads());
     const float loo = DefaultKScanLoo(data.midlength(data.noOfClasses - 1));
     const auto [ss, sl] = l.scorer->defaultStart(loo);
-    l.state = {loo, 1, 0, 0, ss, sl};
+    l.state = {.loo = loo, .k = 1, .c = 0, .wp = 0, .ss = ss, .sl = sl};
     if (o.ss && o.sl) {
         l.state.ss = *o.ss;
         l.state.sl = *o.sl;
@@ -86,7 +74,7 @@ void SavePlotOrRefuse(const ChartCanvas& canvas, const std::string& path) {
     if (!SavePlot(canvas, path)) throw Refusal(kPlotFailedTitle, kPlotFailed + path);
 }
 
-nlohmann::json ParamsJson(const RnQuery& q, float rn) {
+nlohmann::json ParamsJson(const GrowthParams& q, float rn) {
     return {{"loo", Shortest(q.loo)}, {"k", Shortest(q.k)},   {"c", Shortest(q.c)},
             {"wp", Shortest(q.wp)},   {"ss", Shortest(q.ss)}, {"sl", Shortest(q.sl)},
             {"rn", Shortest(rn)}};
@@ -126,7 +114,7 @@ void RunKScan(Context& ctx, const KScanOptions& o) {
         std::cout << std::setw(8) << Format(r.table[2][c], "0.00") << std::setw(8)
                   << Format(r.table[1][c], "0.000") << std::setw(6) << Format(r.table[3][c], "0")
                   << Format(r.table[4][c], "0.00") << "\n";
-    const RnQuery& b = r.best.params;
+    const GrowthParams& b = r.best.params;
     std::cout << "Best: Loo " << Format(b.loo, "0.00") << "  K " << Format(b.k, "0.000") << "  C "
               << Format(b.c, "0.000") << "  WP " << Format(b.wp, "0.000") << "  SS "
               << Format(b.ss, "0") << "  SL " << Format(b.sl, "0.00") << "  Rn "
@@ -148,7 +136,7 @@ void RunSurface(Context& ctx, const SurfaceOptions& o) {
     in.wp = o.wp;
     in.ss = o.ss.value_or(0);
     in.sl = o.sl.value_or(0);
-    if (!CheckSurfaceInput(in, ctx.dialogs)) ctx.refuseWithLastNotice();
+    ctx.take(CheckSurfaceInput(in));
     Loaded l = Load(ctx, o);
     SearchSink sink;
     const SurfaceResult r = *ResponseSurface(*l.rn, in, l.state, sink);
@@ -203,9 +191,10 @@ void RunSearch(Context& ctx, const SearchOptions& o) {
     in.sSample = o.ss.value_or(0);
     in.sLength = o.sl.value_or(0);
     Loaded l = Load(ctx, o);
-    if (!CheckSearchSeeds(in, l.scorer->layout(), ctx.dialogs)) ctx.refuseWithLastNotice();
+    ctx.take(CheckSearchSeeds(in, l.scorer->layout()));
     SearchSink sink;
     const AutoSearchResult r = *AutoSearch(*l.rn, in, l.state, sink);
+    ctx.take(r);
     if (ctx.json) {
         nlohmann::json rows = nlohmann::json::array();
         for (const SearchRow& row : r.rows) {

@@ -1,19 +1,35 @@
 // norvo-cli vbgfplot FILE.lfq --loo L --k K [--c C --wp WP] --ss S --sl L --plot OUT: the
 // samples as sideways bars on their dates with the growth curves through the starting point.
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "base/fault.h"
 #include "cli/cli_support.h"
-#include "data/lfq_file.h"
+#include "cli/cmd_elefan.h"
 #include "growth/vbgf_plot.h"
+#include "numerics/text_convert.h"
 #include "plot/render/canvas_renderer.h"
 
 namespace norvo::cli {
 namespace {
 
+// The parameters as typed: an empty text is 0, a text that is not a number is refused by the
+// parameter's own check.
+std::optional<double> ParameterNumber(const std::string& text) {
+    if (text.find_first_not_of(' ') == std::string::npos) return 0.0;
+    double v = 0;
+    try {
+        if (ParseNumber(text, v)) return v;
+    } catch (const Fault&) {
+        // beyond the range of a double: not a number either
+    }
+    return std::nullopt;
+}
+
 struct VbgfPlotOptions {
     std::string path;
-    CurveInputs in{"", "", "0", "0", "", ""};
+    std::string loo, k, c = "0", wp = "0", ss, sl;
     bool restructured = false;
     bool displayAll = false;
     bool hollow = false;
@@ -25,11 +41,11 @@ struct VbgfPlotOptions {
 };
 
 void RunVbgfPlot(Context& ctx, const VbgfPlotOptions& o) {
-    ctx.session.readLfq(o.path, ctx.dialogs);
-    if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
-    const LfqData& data = ctx.session.lfqData;
-    const auto p = CheckCurveInputs(o.in, data, ctx.dialogs);
-    if (!p) ctx.refuseWithLastNotice();
+    const LfqData data = ReadLfqOrRefuse(ctx, o.path);
+    const CurveInputs in{ParameterNumber(o.loo), ParameterNumber(o.k),  ParameterNumber(o.c),
+                         ParameterNumber(o.wp),  ParameterNumber(o.ss), ParameterNumber(o.sl)};
+    const CurveCheck check = CheckCurveInputs(in, data);
+    ctx.take(check);
 
     HistoOptions h;
     h.restructured = o.restructured;
@@ -40,7 +56,7 @@ void RunVbgfPlot(Context& ctx, const VbgfPlotOptions& o) {
     if (o.restructured) points = RestructureData(data);
     ChartCanvas canvas(o.width, o.height);
     const PlotLayout layout = PlotHisto(canvas, data, h, o.restructured ? &points : nullptr);
-    const CurveTable table = ComputePoints(data, *p);
+    const CurveTable table = ComputePoints(data, check.params);
     if (!o.noCurve) PlotCurve(canvas, layout, table, kRed);
     if (!SavePlot(canvas, o.plot, o.width, o.height))
         throw Refusal("Plot Not Saved", "The plot could not be written to " + o.plot + ".");
@@ -69,12 +85,12 @@ RegisterCommand reg{[](CLI::App& app, Context& ctx) {
     auto* cmd = app.add_subcommand(
         "vbgfplot", "Plot the samples of a grouped file with the growth curves across them");
     cmd->add_option("file", o->path, "Grouped length-frequency file (.lfq)")->required();
-    cmd->add_option("--loo", o->in.loo, "Asymptotic length")->required();
-    cmd->add_option("--k", o->in.k, "Growth constant K")->required();
-    cmd->add_option("--c", o->in.c, "Amplitude of oscillation C (0 to 1)");
-    cmd->add_option("--wp", o->in.wp, "Winter point WP (0 to 1)");
-    cmd->add_option("--ss", o->in.ss, "Starting sample (from 1)")->required();
-    cmd->add_option("--sl", o->in.sl, "Starting length")->required();
+    cmd->add_option("--loo", o->loo, "Asymptotic length")->required();
+    cmd->add_option("--k", o->k, "Growth constant K")->required();
+    cmd->add_option("--c", o->c, "Amplitude of oscillation C (0 to 1)");
+    cmd->add_option("--wp", o->wp, "Winter point WP (0 to 1)");
+    cmd->add_option("--ss", o->ss, "Starting sample (from 1)")->required();
+    cmd->add_option("--sl", o->sl, "Starting length")->required();
     cmd->add_flag("--restructured", o->restructured, "Bars of the restructured frequencies");
     cmd->add_flag("--display-all", o->displayAll, "Fit the whole time axis in the window");
     cmd->add_flag("--hollow", o->hollow, "Outlined bars instead of solid ones");

@@ -28,7 +28,7 @@ ParallelRn::ParallelRn(const RnScorer& scorer, int threads) : scorer_(scorer) {
     for (int i = 0; i < n; ++i) workers_.push_back(scorer_.newWorker());
 }
 
-void ParallelRn::run(std::span<const RnQuery> queries, std::span<float> out) {
+void ParallelRn::run(std::span<const GrowthParams> queries, std::span<float> out) {
     const size_t n = queries.size();
     if (out.size() < n) throw SubscriptFault("ParallelRn::run");
     const size_t threads = std::min(workers_.size(), std::max<size_t>(1, n / kMinParallelBatch));
@@ -72,6 +72,19 @@ int DefaultSearchThreads() {
     return std::max(1u, std::thread::hardware_concurrency());
 }
 
+std::vector<float> StartingLengths(const RnLayout& lay, double sample) {
+    // Out of range at once, so that no huge or undefined number reaches the conversions.
+    if (!(sample >= 1 && sample < lay.nS + 1.0)) return {};
+    const int s = static_cast<int>(R4(sample));
+    if (s < 1 || s > lay.nS) return {};
+    std::vector<float> lengths;
+    const float half = R4(lay.ci / 2.0);
+    ForSingle(R4(static_cast<double>(lay.sampleFirstMid[s - 1]) - half),
+              R4(static_cast<double>(lay.sampleLastMid[s - 1]) + half), half,
+              [&](float L) { lengths.push_back(L); });
+    return lengths;
+}
+
 void ThrowStuckLoop() {
     ThrowOverflow();
 }
@@ -81,14 +94,14 @@ void ThrowStuckLoop() {
 std::optional<KScanResult> KScan(ParallelRn& rn, const KScanInput& in, SearchSink& sink) {
     const RnLayout& lay = rn.layout();
     KScanResult res;
-    RnQuery q{in.loo, 0, in.c, in.wp, in.ss, in.sl};
+    GrowthParams q{.loo = in.loo, .k = 0, .c = in.c, .wp = in.wp, .ss = in.ss, .sl = in.sl};
     const float half = R4(lay.ci / 2.0);
     float k = R4(0.001);
     float step = R4(0.01);
     int col = 1;
     float best = -999;
     float keptS = in.ss, keptL = in.sl;
-    std::vector<RnQuery> pairs;
+    std::vector<GrowthParams> pairs;
     std::vector<float> scores;
     constexpr int kExpectedColumns = 190;
     while (k < 10) {
@@ -103,7 +116,7 @@ std::optional<KScanResult> KScan(ParallelRn& rn, const KScanInput& in, SearchSin
                 const float to = R4(static_cast<double>(lay.sampleLastMid[s - 1]) + half);
                 ForSingle(from, to, half, [&](float L) {
                     if (L < q.loo) {
-                        RnQuery p = q;
+                        GrowthParams p = q;
                         p.ss = static_cast<float>(s);
                         p.sl = L;
                         pairs.push_back(p);
@@ -136,7 +149,12 @@ std::optional<KScanResult> KScan(ParallelRn& rn, const KScanInput& in, SearchSin
     res.columns = col - 1;
     const int b = KScanBestColumn(res.table);
     res.best.column = b;
-    res.best.params = {in.loo, res.table[2][b], in.c, in.wp, res.table[3][b], res.table[4][b]};
+    res.best.params = {.loo = in.loo,
+                       .k = res.table[2][b],
+                       .c = in.c,
+                       .wp = in.wp,
+                       .ss = res.table[3][b],
+                       .sl = res.table[4][b]};
     res.best.rn = res.table[1][b];
     res.state = res.best.params;
     return res;
@@ -188,7 +206,7 @@ ElefanBest KScanSmooth(KScanTable& t, int w, float loo, float c, float wp) {
     }
     ElefanBest b;
     b.column = col;
-    b.params = {loo, t[2][col], c, wp, t[3][col], t[4][col]};
+    b.params = {.loo = loo, .k = t[2][col], .c = c, .wp = wp, .ss = t[3][col], .sl = t[4][col]};
     b.rn = t[1][col];
     return b;
 }
@@ -222,21 +240,22 @@ SurfaceBand SurfaceBandOf(float r, float min, float max) {
     return SurfaceBand::Red;
 }
 
-bool CheckSurfaceInput(const SurfaceInput& in, DialogService& dialogs) {
-    auto refuse = [&](const char* text, const char* title) {
-        dialogs.notify({text, title, Buttons::Ok, Icon::Warning});
-        return false;
-    };
-    if (in.ss == 0 || in.sl == 0) return refuse(kMsgNoStartingPoint, kTitleInvalidAction);
-    if (in.looFrom <= in.sl) return refuse(kMsgStartAboveLooRange, kTitleInvalidInput);
-    if (in.looFrom == in.looTo) return refuse(kMsgLooFixed, kTitleInvalidInput);
-    return true;
+Outcome CheckSurfaceInput(const SurfaceInput& in) {
+    Outcome out;
+    if (in.ss == 0 || in.sl == 0) {
+        out.refuse(kMsgNoStartingPoint, kTitleInvalidAction);
+    } else if (in.looFrom <= in.sl) {
+        out.refuse(kMsgStartAboveLooRange, kTitleInvalidInput);
+    } else if (in.looFrom == in.looTo) {
+        out.refuse(kMsgLooFixed, kTitleInvalidInput);
+    }
+    return out;
 }
 
 std::optional<SurfaceResult> ResponseSurface(ParallelRn& rn, const SurfaceInput& in,
-                                             const RnQuery& previous, SearchSink& sink) {
+                                             const GrowthParams& previous, SearchSink& sink) {
     SurfaceResult res;
-    RnQuery q = previous;
+    GrowthParams q = previous;
     q.ss = in.ss;
     q.sl = in.sl;
     const float kStep = R4((static_cast<double>(in.kTo) - in.kFrom) / 20);
@@ -244,10 +263,10 @@ std::optional<SurfaceResult> ResponseSurface(ParallelRn& rn, const SurfaceInput&
     if (sink.cancelled()) return std::nullopt;
 
     // First pass: min and max, with the C and WP of the previous run.
-    std::vector<RnQuery> queries;
+    std::vector<GrowthParams> queries;
     auto looPass = [&](float k) {
         ForSingle(in.looFrom, in.looTo, looStep, [&](float loo) {
-            RnQuery p = q;
+            GrowthParams p = q;
             p.k = k;
             p.loo = loo;
             queries.push_back(p);
@@ -278,7 +297,8 @@ std::optional<SurfaceResult> ResponseSurface(ParallelRn& rn, const SurfaceInput&
     for (int j = 0; j < kSurfaceSize; ++j) {
         float k = in.kFrom;
         for (int i = 0; i < kSurfaceSize; ++i) {
-            queries.push_back({loo, k, in.c, in.wp, in.ss, in.sl});
+            queries.push_back(
+                {.loo = loo, .k = k, .c = in.c, .wp = in.wp, .ss = in.ss, .sl = in.sl});
             if (i + 1 < kSurfaceSize) k = R4(static_cast<double>(k) + kStep);
         }
         if (j + 1 < kSurfaceSize) loo = R4(static_cast<double>(loo) + looStep);
@@ -303,10 +323,12 @@ std::optional<FineSurface> ComputeFineSurface(ParallelRn& rn, const SurfaceInput
             R4(in.looFrom + i * (static_cast<double>(in.looTo) - in.looFrom) / (n - 1)));
     }
     fs.grid.assign(static_cast<size_t>(n) * n, 0);
-    std::vector<RnQuery> row(n);
+    std::vector<GrowthParams> row(n);
     for (int i = 0; i < n; ++i) {
         if (sink.cancelled()) return std::nullopt;
-        for (int j = 0; j < n; ++j) row[j] = {fs.loo[j], fs.k[i], in.c, in.wp, in.ss, in.sl};
+        for (int j = 0; j < n; ++j)
+            row[j] = {
+                .loo = fs.loo[j], .k = fs.k[i], .c = in.c, .wp = in.wp, .ss = in.ss, .sl = in.sl};
         rn.run(row, std::span<float>(fs.grid).subspan(static_cast<size_t>(i) * n, n));
         sink.progress(i + 1, n);
     }
@@ -317,25 +339,27 @@ std::optional<FineSurface> ComputeFineSurface(ParallelRn& rn, const SurfaceInput
 
 // ---- automatic search ----------------------------------------------------------------------
 
-bool CheckSearchSeeds(const AutoSearchInput& in, const RnLayout& layout, DialogService& dialogs) {
-    auto refuse = [&](const char* text) {
-        dialogs.notify({text, kTitleInvalidData, Buttons::Ok, Icon::Warning});
-        return false;
-    };
-    if (in.loo <= layout.firstMid) return refuse(kMsgCheckLoo);
-    // Compared as double, so a seed of 0.01 (a little below in 32 bits) is refused.
-    if (static_cast<double>(in.k) <= 0.01 || in.k > 10) return refuse(kMsgCheckK);
-    if (in.c < 0 || in.c > 1) return refuse(kMsgCheckC);
-    if (in.wp < 0 || in.wp > 1) return refuse(kMsgCheckWP);
-    return true;
+Outcome CheckSearchSeeds(const AutoSearchInput& in, const RnLayout& layout) {
+    Outcome out;
+    if (in.loo <= layout.firstMid) {
+        out.refuse(kMsgCheckLoo, kTitleInvalidData);
+    } else if (static_cast<double>(in.k) <= 0.01 || in.k > 10) {
+        // Compared as double, so a seed of 0.01 (a little below in 32 bits) is refused.
+        out.refuse(kMsgCheckK, kTitleInvalidData);
+    } else if (in.c < 0 || in.c > 1) {
+        out.refuse(kMsgCheckC, kTitleInvalidData);
+    } else if (in.wp < 0 || in.wp > 1) {
+        out.refuse(kMsgCheckWP, kTitleInvalidData);
+    }
+    return out;
 }
 
 namespace {
 
 // The queries of one ComputeRn_Search call, appended to `out`; `last` gets the last pair tried
 // (left as it is when no pair is tried).
-void AppendSearchQueries(const RnQuery& q, const AutoSearchInput& in, const RnLayout& lay,
-                         std::vector<RnQuery>& out, RnQuery& last) {
+void AppendSearchQueries(const GrowthParams& q, const AutoSearchInput& in, const RnLayout& lay,
+                         std::vector<GrowthParams>& out, GrowthParams& last) {
     last = q;
     if (in.constantStart) {
         last.ss = in.sSample;
@@ -367,9 +391,9 @@ float ReduceSearchScores(const AutoSearchInput& in, std::span<const float> score
 
 }  // namespace
 
-float ComputeRnSearch(ParallelRn& rn, RnQuery& q, const AutoSearchInput& in) {
-    std::vector<RnQuery> queries;
-    RnQuery last;
+float ComputeRnSearch(ParallelRn& rn, GrowthParams& q, const AutoSearchInput& in) {
+    std::vector<GrowthParams> queries;
+    GrowthParams last;
     AppendSearchQueries(q, in, rn.layout(), queries, last);
     std::vector<float> scores(queries.size());
     rn.run(queries, scores);
@@ -379,10 +403,10 @@ float ComputeRnSearch(ParallelRn& rn, RnQuery& q, const AutoSearchInput& in) {
 }
 
 std::optional<AutoSearchResult> AutoSearch(ParallelRn& rn, const AutoSearchInput& in,
-                                           const RnQuery& previous, SearchSink& sink) {
+                                           const GrowthParams& previous, SearchSink& sink) {
     const RnLayout& lay = rn.layout();
     AutoSearchResult res;
-    RnQuery q = previous;
+    GrowthParams q = previous;
     q.loo = in.loo;
     q.k = in.k;
     q.c = in.c;
@@ -396,16 +420,16 @@ std::optional<AutoSearchResult> AutoSearch(ParallelRn& rn, const AutoSearchInput
     display(best);
 
     const double looFloor = static_cast<double>(lay.ci) + lay.firstMid;
-    std::vector<RnQuery> queries;
+    std::vector<GrowthParams> queries;
     std::vector<float> scores;
     int n = 1;
     while (n < 7) {
         if (sink.cancelled()) return std::nullopt;
         sink.searchPass(n);
-        const RnQuery base = q;
+        const GrowthParams base = q;
         // The eight trials, each standing on the ones before it.
-        std::array<RnQuery, 8> trial;
-        RnQuery t = q;
+        std::array<GrowthParams, 8> trial;
+        GrowthParams t = q;
         t.loo = R4(base.loo + n * static_cast<double>(in.looStep));
         if (looFloor > t.loo) t.loo = R4(looFloor);
         trial[0] = t;
@@ -434,10 +458,10 @@ std::optional<AutoSearchResult> AutoSearch(ParallelRn& rn, const AutoSearchInput
         // All queries of the eight trials go in one batch.
         queries.clear();
         std::array<size_t, 9> start{};
-        RnQuery last = q;
+        GrowthParams last = q;
         for (int i = 0; i < 8; ++i) {
             start[i] = queries.size();
-            RnQuery tried = trial[i];
+            GrowthParams tried = trial[i];
             tried.ss = last.ss;
             tried.sl = last.sl;
             AppendSearchQueries(tried, in, lay, queries, last);
@@ -481,18 +505,22 @@ std::optional<AutoSearchResult> AutoSearch(ParallelRn& rn, const AutoSearchInput
     }
     res.state = q;
     sink.progress(1, 1);
+    res.note(kMsgSearchCompleted, kTitleNote, Icon::Information);
     return res;
 }
 
-void NotifySearchCompleted(DialogService& dialogs) {
-    dialogs.notify({kMsgSearchCompleted, kTitleNote, Buttons::Ok, Icon::Information});
+std::array<double, 7> SearchRowValues(const SearchRow& row) {
+    const GrowthParams& p = row.params;
+    return {p.loo, p.k, p.c, p.wp, p.ss, p.sl, row.rn};
 }
 
 std::array<std::string, 8> SearchRowTexts(const SearchRow& row) {
-    return {std::to_string(row.row),       Format(row.params.loo, "0.00"),
-            Format(row.params.k, "0.00"),  Format(row.params.c, "0.00"),
-            Format(row.params.wp, "0.00"), Format(row.params.ss, "0"),
-            Format(row.params.sl, "0.00"), Format(row.rn, "0.000")};
+    std::array<std::string, 8> texts;
+    texts[0] = std::to_string(row.row);
+    const auto values = SearchRowValues(row);
+    for (size_t i = 0; i < values.size(); ++i)
+        texts[i + 1] = Format(values[i], kSearchRowPatterns[i]);
+    return texts;
 }
 
 }  // namespace norvo

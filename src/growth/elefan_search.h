@@ -13,8 +13,9 @@
 #include <vector>
 
 #include "base/checked.h"
-#include "base/user_notice.h"
+#include "base/outcome.h"
 #include "chart/chart_canvas.h"
+#include "growth/vbgf.h"
 
 namespace norvo {
 
@@ -43,16 +44,9 @@ inline constexpr std::array<const char*, 8> kSearchHeadings = {"Base", "Loo", "K
 inline constexpr const char* kSurfaceCorner = "K\\Loo";
 
 // ---- scoring -------------------------------------------------------------------------------
-
-// One setting of the growth parameters and the starting point (sample number held as a float).
-struct RnQuery {
-    float loo = 0;
-    float k = 0;
-    float c = 0;
-    float wp = 0;
-    float ss = 0;
-    float sl = 0;
-};
+//
+// A query is one setting of the growth parameters with the starting point (GrowthParams; the
+// scores take no t0).
 
 // The class layout of the file that the searches step through.
 struct RnLayout {
@@ -69,7 +63,7 @@ struct RnLayout {
 class RnWorker {
   public:
     virtual ~RnWorker() = default;
-    virtual float score(const RnQuery& q) = 0;
+    virtual float score(const GrowthParams& q) = 0;
 };
 
 // A restructured file that can be scored: the layout plus a factory of independent workers.
@@ -87,8 +81,8 @@ class ParallelRn {
     ParallelRn(const RnScorer& scorer, int threads);
     int threads() const { return static_cast<int>(workers_.size()); }
     const RnLayout& layout() const { return scorer_.layout(); }
-    float one(const RnQuery& q) { return workers_[0]->score(q); }
-    void run(std::span<const RnQuery> queries, std::span<float> out);
+    float one(const GrowthParams& q) { return workers_[0]->score(q); }
+    void run(std::span<const GrowthParams> queries, std::span<float> out);
 
   private:
     const RnScorer& scorer_;
@@ -98,12 +92,17 @@ class ParallelRn {
 // The number of threads used when none is asked for: every core.
 int DefaultSearchThreads();
 
+// The starting lengths offered for sample `sample` (1..nS, taken as a 32-bit float and cut to a
+// whole number): from its first midlength - CI/2 to its last midlength + CI/2 in steps of CI/2.
+// None for a sample out of range.
+std::vector<float> StartingLengths(const RnLayout& layout, double sample);
+
 // ---- reporting -----------------------------------------------------------------------------
 
 // One row of the search table: what DisplayResults appends.
 struct SearchRow {
     int row = 0;
-    RnQuery params;
+    GrowthParams params;
     float rn = 0;
 };
 
@@ -152,15 +151,15 @@ struct KScanInput {
 // The best setting found and what the result fields show.
 struct ElefanBest {
     int column = 0;
-    RnQuery params;
+    GrowthParams params;
     float rn = 0;
 };
 
 struct KScanResult {
     KScanTable table{};
-    int columns = 0;  // columns filled, 190
-    ElefanBest best;  // first strictly largest score
-    RnQuery state;    // the parameters in force after the scan
+    int columns = 0;     // columns filled, 190
+    ElefanBest best;     // first strictly largest score
+    GrowthParams state;  // the parameters in force after the scan
 };
 
 // Runs the K-scan: K from 0.01 to 1.00 by 0.01 and 1.1 to 10.0 by 0.1, each with a
@@ -196,18 +195,18 @@ struct SurfaceResult {
     std::array<double, kSurfaceSize> looHeadings{};                    // column headings (Loo)
     std::array<std::array<float, kSurfaceSize>, kSurfaceSize> grid{};  // [row K][column Loo]
     float min = 9999, max = 0;
-    RnQuery state;
+    GrowthParams state;
 
     SurfaceBand band(int row, int col) const { return SurfaceBandOf(grid[row][col], min, max); }
 };
 
-// Shows the failure table's notice and returns false when the surface cannot run.
-bool CheckSurfaceInput(const SurfaceInput& in, DialogService& dialogs);
+// The surface's failure table: refused, with its notice, when the surface cannot run.
+Outcome CheckSurfaceInput(const SurfaceInput& in);
 
 // The response surface. `previous` is the state left by the previous run: the first pass (min
 // and max) uses its C and WP, and its K when KFrom equals KTo.
 std::optional<SurfaceResult> ResponseSurface(ParallelRn& rn, const SurfaceInput& in,
-                                             const RnQuery& previous, SearchSink& sink);
+                                             const GrowthParams& previous, SearchSink& sink);
 
 // A finer n x n surface over the same ranges, each K and Loo formed directly from the range,
 // with the surface's C, WP and starting point. grid[i][j] has K i and Loo j.
@@ -230,25 +229,27 @@ struct AutoSearchInput {
     float sSample = 0, sLength = 0;
 };
 
-struct AutoSearchResult {
+// A finished search carries its closing note ("Search completed.").
+struct AutoSearchResult : Outcome {
     std::vector<SearchRow> rows;
-    RnQuery state;
+    GrowthParams state;
 };
 
-// Shows the failure table's notice and returns false when the seeds are refused.
-bool CheckSearchSeeds(const AutoSearchInput& in, const RnLayout& layout, DialogService& dialogs);
+// The search's failure table: refused, with its notice, when a seed is out of range.
+Outcome CheckSearchSeeds(const AutoSearchInput& in, const RnLayout& layout);
 
 // The score of one setting in the search: at the constant starting point, or the best over all
 // starting points with the last pair tried left in q.ss, q.sl.
-float ComputeRnSearch(ParallelRn& rn, RnQuery& q, const AutoSearchInput& in);
+float ComputeRnSearch(ParallelRn& rn, GrowthParams& q, const AutoSearchInput& in);
 
 // The pattern search from the seeds; nothing when cancelled. `rows` grows as DisplayResults
 // would append them, each reported to the sink.
 std::optional<AutoSearchResult> AutoSearch(ParallelRn& rn, const AutoSearchInput& in,
-                                           const RnQuery& previous, SearchSink& sink);
-// The closing note of a finished search.
-void NotifySearchCompleted(DialogService& dialogs);
-
+                                           const GrowthParams& previous, SearchSink& sink);
+// Columns 1..7 of a search table row (Loo, K, C, WP, SS, SL, Rn) and their display patterns.
+inline constexpr std::array<const char*, 7> kSearchRowPatterns = {"0.00", "0.00", "0.00", "0.00",
+                                                                  "0",    "0.00", "0.000"};
+std::array<double, 7> SearchRowValues(const SearchRow& row);
 // The text of a search table row, columns 0..7, as the table shows it.
 std::array<std::string, 8> SearchRowTexts(const SearchRow& row);
 

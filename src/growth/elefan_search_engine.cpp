@@ -10,16 +10,8 @@ namespace {
 class EngineWorker : public RnWorker {
   public:
     explicit EngineWorker(const ElefanModel& model) : model_(model), scratch_(model) {}
-    float score(const RnQuery& q) override {
-        GrowthParams p;
-        p.loo = q.loo;
-        p.k = q.k;
-        p.c = q.c;
-        p.wp = q.wp;
-        p.ss = q.ss;
-        p.sl = q.sl;
-        return ComputeRn(model_, p, scratch_);
-    }
+    // The curve's origin comes from the starting point; the query's t0 plays no part.
+    float score(const GrowthParams& q) override { return ComputeRn(model_, q, scratch_); }
 
   private:
     const ElefanModel& model_;

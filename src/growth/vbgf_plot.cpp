@@ -9,7 +9,6 @@
 #include "chart/rotated_text.h"
 #include "growth/elefan.h"
 #include "growth/elefan_lfq.h"
-#include "numerics/text_convert.h"
 #include "numerics/validators.h"
 
 namespace norvo {
@@ -295,25 +294,33 @@ void PlotCurve(ChartCanvas& canvas, const PlotLayout& lay, const CurveTable& tab
     }
 }
 
-std::optional<GrowthParams> CheckCurveInputs(const CurveInputs& in, const LfqData& data,
-                                             DialogService& dialogs) {
-    if (!ValidateReal(in.loo, 1e-6, 1e6, kVbgfInvalidLoo, dialogs) ||
-        !ValidateReal(in.k, 1e-6, 100, kVbgfInvalidK, dialogs) ||
-        !ValidateReal(in.c, 0, 1, kVbgfInvalidC, dialogs) ||
-        !ValidateReal(in.wp, 0, 1, kVbgfInvalidWP, dialogs))
-        return std::nullopt;
-    if (!ValidateWhole(in.ss, 1, data.noOfSamples, kVbgfInvalidSS, dialogs)) return std::nullopt;
+CurveCheck CheckCurveInputs(const CurveInputs& in, const LfqData& data) {
+    CurveCheck out;
+    // Each check as the common validators make it, with their notice.
+    auto real = [&](std::optional<double> v, double low, double high, const char* message) {
+        if (v && InRange(*v, low, high)) return true;
+        out.refuse(message, kValidatorTitle);
+        return false;
+    };
+    auto whole = [&](std::optional<double> v, double low, double high, const char* message) {
+        if (v && InRange(*v, low, high) && IsWholeValue(*v)) return true;
+        out.refuse(message, kValidatorTitle);
+        return false;
+    };
     const double firstLower = data.smallestMl - data.classInterval / 2;
     const double lastUpper = data.largestMl + data.classInterval / 2;
-    if (!ValidateReal(in.sl, firstLower, lastUpper, kVbgfInvalidSL, dialogs)) return std::nullopt;
-    GrowthParams p;
-    p.loo = TextToSingle(in.loo);
-    p.k = TextToSingle(in.k);
-    p.c = TextToSingle(in.c);
-    p.wp = TextToSingle(in.wp);
-    p.ss = TextToSingle(in.ss);
-    p.sl = TextToSingle(in.sl);
-    return p;
+    if (!real(in.loo, 1e-6, 1e6, kVbgfInvalidLoo) || !real(in.k, 1e-6, 100, kVbgfInvalidK) ||
+        !real(in.c, 0, 1, kVbgfInvalidC) || !real(in.wp, 0, 1, kVbgfInvalidWP) ||
+        !whole(in.ss, 1, data.noOfSamples, kVbgfInvalidSS) ||
+        !real(in.sl, firstLower, lastUpper, kVbgfInvalidSL))
+        return out;
+    out.params.loo = R4(*in.loo);
+    out.params.k = R4(*in.k);
+    out.params.c = R4(*in.c);
+    out.params.wp = R4(*in.wp);
+    out.params.ss = R4(*in.ss);
+    out.params.sl = R4(*in.sl);
+    return out;
 }
 
 }  // namespace norvo

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "base/user_notice.h"
+#include "base/outcome.h"
 #include "chart/chart_canvas.h"
 #include "data/lfq_data.h"
 #include "growth/vbgf.h"
@@ -113,13 +113,16 @@ PlotLayout PlotHisto(ChartCanvas& canvas, const LfqData& data, const HistoOption
 void PlotCurve(ChartCanvas& canvas, const PlotLayout& layout, const CurveTable& table,
                Colour colour);
 
-// The texts of the six parameter boxes.
+// The six parameter boxes as numbers (an empty box is 0), each nothing when its text is not a
+// number. Kept in double until checked, as the checks compare the typed values.
 struct CurveInputs {
-    std::string loo, k, c, wp, ss, sl;
+    std::optional<double> loo, k, c, wp, ss, sl;
 };
-// The checks before a curve is drawn, in order, each with its notice; the parameters when all
-// pass. Empty C and WP count as 0.
-std::optional<GrowthParams> CheckCurveInputs(const CurveInputs& in, const LfqData& data,
-                                             DialogService& dialogs);
+// The parameters to draw with, stored in 32 bits, when every check passed.
+struct CurveCheck : Outcome {
+    GrowthParams params;
+};
+// The checks before a curve is drawn, in order; the first that fails refuses with its notice.
+CurveCheck CheckCurveInputs(const CurveInputs& in, const LfqData& data);
 
 }  // namespace norvo

@@ -12,6 +12,11 @@
 namespace norvo {
 namespace {
 
+// A query: growth parameters with the starting point.
+GrowthParams Query(float loo, float k, float c, float wp, float ss, float sl) {
+    return {.loo = loo, .k = k, .c = c, .wp = wp, .ss = ss, .sl = sl};
+}
+
 struct Simulation {
     int samples = 12;
     int classes = 40;
@@ -64,7 +69,7 @@ bool SameBits(float a, float b) {
     return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
-void ExpectSameQuery(const RnQuery& a, const RnQuery& b) {
+void ExpectSameQuery(const GrowthParams& a, const GrowthParams& b) {
     EXPECT_TRUE(SameBits(a.loo, b.loo) && SameBits(a.k, b.k) && SameBits(a.c, b.c) &&
                 SameBits(a.wp, b.wp) && SameBits(a.ss, b.ss) && SameBits(a.sl, b.sl));
 }
@@ -102,7 +107,7 @@ TEST(SearchOnEngine, ParallelRunsAreBitIdenticalToOneThread) {
         EXPECT_EQ(k1->best.column, k2->best.column);
 
         const SurfaceInput sin{0.2f, 2.0f, loo * 0.8f, loo * 1.3f, 0.3f, 0.5f, ss, sl};
-        const RnQuery previous{loo, 1, 0, 0, ss, sl};
+        const GrowthParams previous = Query(loo, 1, 0, 0, ss, sl);
         const auto s1 = ResponseSurface(one, sin, previous, sink);
         const auto s3 = ResponseSurface(three, sin, previous, sink);
         ASSERT_TRUE(s1 && s3);
@@ -140,7 +145,7 @@ TEST(SearchOnEngine, SearchImprovesOnItsSeedAndEndsOnTheLastPairTried) {
     in.k = 0.7f;
     in.looStep = 0.5f;
     in.kStep = 0.05f;
-    const auto res = AutoSearch(rn, in, RnQuery{}, sink);
+    const auto res = AutoSearch(rn, in, GrowthParams{}, sink);
     ASSERT_TRUE(res);
     ASSERT_GE(res->rows.size(), 2u);
     EXPECT_GT(res->rows.back().rn, res->rows.front().rn);
@@ -162,7 +167,7 @@ TEST(SearchOnEngine, FaultsOfTheEngineEndTheRun) {
     // A surface whose Loo range reaches below the starting length takes the logarithm of a
     // non-positive number.
     EXPECT_THROW(
-        ResponseSurface(rn, {0.5f, 1, 30, 10, 0, 0, 1, 20}, RnQuery{30, 1, 0, 0, 1, 20}, sink),
+        ResponseSurface(rn, {0.5f, 1, 30, 10, 0, 0, 1, 20}, Query(30, 1, 0, 0, 1, 20), sink),
         ArithmeticFault);
 }
 

@@ -10,12 +10,16 @@
 #include <mutex>
 
 #include "base/fault.h"
-#include "support/scripted_dialogs.h"
 
 namespace norvo {
 namespace {
 
-using ScoreFn = std::function<float(const RnQuery&)>;
+// A query: growth parameters with the starting point.
+GrowthParams Query(float loo, float k, float c, float wp, float ss, float sl) {
+    return {.loo = loo, .k = k, .c = c, .wp = wp, .ss = ss, .sl = sl};
+}
+
+using ScoreFn = std::function<float(const GrowthParams&)>;
 
 class FakeScorer : public RnScorer {
   public:
@@ -24,7 +28,7 @@ class FakeScorer : public RnScorer {
     std::unique_ptr<RnWorker> newWorker() const override {
         return std::make_unique<Worker>(const_cast<FakeScorer&>(*this));
     }
-    std::vector<RnQuery> seen() {
+    std::vector<GrowthParams> seen() {
         std::lock_guard lock(mutex_);
         return seen_;
     }
@@ -36,7 +40,7 @@ class FakeScorer : public RnScorer {
   private:
     struct Worker : RnWorker {
         explicit Worker(FakeScorer& s) : owner(s) {}
-        float score(const RnQuery& q) override {
+        float score(const GrowthParams& q) override {
             {
                 std::lock_guard lock(owner.mutex_);
                 owner.seen_.push_back(q);
@@ -48,7 +52,7 @@ class FakeScorer : public RnScorer {
     RnLayout layout_;
     ScoreFn fn_;
     std::mutex mutex_;
-    std::vector<RnQuery> seen_;
+    std::vector<GrowthParams> seen_;
 };
 
 // Two samples over classes 10..40 by 5 (sample 2 occupies 20..30 only).
@@ -62,6 +66,19 @@ RnLayout SmallLayout() {
     l.sampleFirstMid = {10, 20};
     l.sampleLastMid = {40, 30};
     return l;
+}
+
+TEST(StartingLengths, HalfClassStepsAcrossTheChosenSample) {
+    const RnLayout lay = SmallLayout();
+    // Sample 2 spans 20..30: from 17.5 to 32.5 by 2.5.
+    EXPECT_EQ(StartingLengths(lay, 2),
+              (std::vector<float>{17.5f, 20, 22.5f, 25, 27.5f, 30, 32.5f}));
+    // The number is cut to a whole sample, after its 32-bit store.
+    EXPECT_EQ(StartingLengths(lay, 2.7), StartingLengths(lay, 2));
+    EXPECT_EQ(StartingLengths(lay, 1.9999999999).front(), 17.5f);
+    EXPECT_EQ(StartingLengths(lay, 1).size(), 15u);
+    for (double none : {0.0, 0.99, -1.0, 3.0, 1e300, std::nan("")})
+        EXPECT_TRUE(StartingLengths(lay, none).empty()) << none;
 }
 
 struct CancelAfter : SearchSink {
@@ -85,7 +102,7 @@ TEST(ForSingle, InclusiveEndBothDirectionsAndStuckCounter) {
 }
 
 TEST(KScan, ColumnsAndFixedStartingPoint) {
-    FakeScorer fake(SmallLayout(), [](const RnQuery& q) { return 0.2f + q.k / 100; });
+    FakeScorer fake(SmallLayout(), [](const GrowthParams& q) { return 0.2f + q.k / 100; });
     ParallelRn rn(fake, 2);
     SearchSink sink;
     KScanInput in{50, 0.3f, 0.4f, true, 2, 22.5f};
@@ -112,7 +129,7 @@ TEST(KScan, ColumnsAndFixedStartingPoint) {
 }
 
 TEST(KScan, EqualBestScoresGiveTheLowerK) {
-    FakeScorer fake(SmallLayout(), [](const RnQuery& q) {
+    FakeScorer fake(SmallLayout(), [](const GrowthParams& q) {
         const int hundredths = static_cast<int>(std::lround(q.k * 100));
         return (hundredths == 30 || hundredths == 200) ? 0.6f : 0.3f;
     });
@@ -128,7 +145,7 @@ TEST(KScan, EqualBestScoresGiveTheLowerK) {
 TEST(KScan, StartingPointScanKeepsTheRecordHolderOverAllK) {
     // Length 20 in sample 1 is best below K = 0.5; above it length 30 is best but scores less
     // than the earlier record, so the record holder's pair is kept.
-    FakeScorer fake(SmallLayout(), [](const RnQuery& q) {
+    FakeScorer fake(SmallLayout(), [](const GrowthParams& q) {
         if (q.k < 0.5f) return q.sl == 20 && q.ss == 1 ? 0.9f : 0.4f;
         return q.sl == 30 ? 0.8f : 0.3f;
     });
@@ -146,7 +163,7 @@ TEST(KScan, StartingPointScanKeepsTheRecordHolderOverAllK) {
 }
 
 TEST(KScan, LooBelowEveryClassKeepsTheStartingPointInForce) {
-    FakeScorer fake(SmallLayout(), [](const RnQuery&) { return 0.5f; });
+    FakeScorer fake(SmallLayout(), [](const GrowthParams&) { return 0.5f; });
     ParallelRn rn(fake, 2);
     SearchSink sink;
     auto res = KScan(rn, {7, 0, 0, false, 2, 3.5f}, sink);
@@ -157,7 +174,7 @@ TEST(KScan, LooBelowEveryClassKeepsTheStartingPointInForce) {
 }
 
 TEST(KScan, CancelLeavesNoResult) {
-    FakeScorer fake(SmallLayout(), [](const RnQuery&) { return 0.5f; });
+    FakeScorer fake(SmallLayout(), [](const GrowthParams&) { return 0.5f; });
     ParallelRn rn(fake, 2);
     CancelAfter sink(5);
     EXPECT_FALSE(KScan(rn, {50, 0, 0, true, 1, 20}, sink));
@@ -219,11 +236,11 @@ TEST(SurfaceBands, BothEndsIncludedLowerFirst) {
 }
 
 TEST(ResponseSurface, FixedKUsesThePreviousRunInTheFirstPass) {
-    FakeScorer fake(SmallLayout(), [](const RnQuery& q) { return 0.1f + q.loo / 1000; });
+    FakeScorer fake(SmallLayout(), [](const GrowthParams& q) { return 0.1f + q.loo / 1000; });
     ParallelRn rn(fake, 2);
     SearchSink sink;
     SurfaceInput in{0.5f, 0.5f, 40, 60, 0.25f, 0.75f, 1, 20};
-    RnQuery previous{45, 1.7f, 0.9f, 0.1f, 2, 25};
+    GrowthParams previous = Query(45, 1.7f, 0.9f, 0.1f, 2, 25);
     auto res = ResponseSurface(rn, in, previous, sink);
     ASSERT_TRUE(res);
     const auto seen = fake.seen();
@@ -251,39 +268,46 @@ TEST(ResponseSurface, FixedKUsesThePreviousRunInTheFirstPass) {
 }
 
 TEST(ResponseSurface, FlatSurfaceIsAllRed) {
-    FakeScorer fake(SmallLayout(), [](const RnQuery&) { return 0.4f; });
+    FakeScorer fake(SmallLayout(), [](const GrowthParams&) { return 0.4f; });
     ParallelRn rn(fake, 2);
     SearchSink sink;
-    auto res = ResponseSurface(rn, {0.1f, 2, 30, 90, 0, 0, 1, 20}, RnQuery{}, sink);
+    auto res = ResponseSurface(rn, {0.1f, 2, 30, 90, 0, 0, 1, 20}, GrowthParams{}, sink);
     ASSERT_TRUE(res);
     for (int i = 0; i < 21; ++i)
         for (int j = 0; j < 21; ++j) EXPECT_EQ(res->band(i, j), SurfaceBand::Red);
 }
 
 TEST(ResponseSurface, FailureTable) {
-    ScriptedDialogs d;
-    EXPECT_FALSE(CheckSurfaceInput({0.1f, 1, 30, 90, 0, 0, 0, 20}, d));
-    EXPECT_EQ(d.last().title, "Invalid Action");
-    EXPECT_EQ(d.last().text, "ERROR! Please enter value for the starting point before proceeding.");
-    EXPECT_FALSE(CheckSurfaceInput({0.1f, 1, 30, 90, 0, 0, 1, 30}, d));
-    EXPECT_EQ(d.last().title, "Invalid Input");
-    EXPECT_EQ(d.last().text,
+    const Outcome noStart = CheckSurfaceInput({0.1f, 1, 30, 90, 0, 0, 0, 20});
+    EXPECT_FALSE(noStart.ok());
+    ASSERT_NE(noStart.refusal(), nullptr);
+    EXPECT_EQ(noStart.refusal()->title, "Invalid Action");
+    EXPECT_EQ(noStart.refusal()->text,
+              "ERROR! Please enter value for the starting point before proceeding.");
+    const Outcome above = CheckSurfaceInput({0.1f, 1, 30, 90, 0, 0, 1, 30});
+    EXPECT_FALSE(above.ok());
+    EXPECT_EQ(above.refusal()->title, "Invalid Input");
+    EXPECT_EQ(above.refusal()->text,
               "ERROR! The starting length is greater than the range of values to evaluate for "
               "Loo. Please adjust parameters.");
-    EXPECT_FALSE(CheckSurfaceInput({0.1f, 1, 90, 90, 0, 0, 1, 30}, d));
-    EXPECT_EQ(d.last().text,
+    const Outcome fixed = CheckSurfaceInput({0.1f, 1, 90, 90, 0, 0, 1, 30});
+    EXPECT_FALSE(fixed.ok());
+    EXPECT_EQ(fixed.refusal()->text,
               "ERROR! The asymptotic length (Loo) cannot be fixed. Please adjust parameters.");
-    EXPECT_EQ(d.last().icon, Icon::Warning);
-    EXPECT_TRUE(CheckSurfaceInput({0.1f, 1, 31, 90, 0, 0, 1, 30}, d));
-    EXPECT_EQ(d.shown.size(), 3u);
+    EXPECT_EQ(fixed.refusal()->icon, Icon::Warning);
+    // One notice for each refusal, none for a surface that can run.
+    EXPECT_EQ(noStart.notices.size() + above.notices.size() + fixed.notices.size(), 3u);
+    const Outcome fine = CheckSurfaceInput({0.1f, 1, 31, 90, 0, 0, 1, 30});
+    EXPECT_TRUE(fine.ok());
+    EXPECT_TRUE(fine.notices.empty());
 }
 
 TEST(AutoSearch, SeedChecks) {
-    ScriptedDialogs d;
     const RnLayout lay = SmallLayout();
     auto refused = [&](AutoSearchInput in) {
-        const bool ok = CheckSearchSeeds(in, lay, d);
-        return ok ? std::string() : d.last().title + "|" + d.last().text;
+        const Outcome check = CheckSearchSeeds(in, lay);
+        if (check.ok()) return check.notices.empty() ? std::string() : std::string("notices");
+        return check.refusal()->title + "|" + check.refusal()->text;
     };
     EXPECT_EQ(refused({10, 1, 0, 0}), "Invalid Data|Please check your input to Loo.");
     EXPECT_EQ(refused({50, 0.01f, 0, 0}),
@@ -303,29 +327,30 @@ struct PassLog : SearchSink {
 };
 
 TEST(AutoSearch, ZeroStepsRunNToSixWithoutAWin) {
-    FakeScorer fake(SmallLayout(), [](const RnQuery& q) { return q.loo / 100; });
+    FakeScorer fake(SmallLayout(), [](const GrowthParams& q) { return q.loo / 100; });
     ParallelRn rn(fake, 2);
     PassLog sink;
     AutoSearchInput in{50, 1, 0.5f, 0.5f, 0, 0, 0, 0, true, 1, 20};
-    auto res = AutoSearch(rn, in, RnQuery{}, sink);
+    auto res = AutoSearch(rn, in, GrowthParams{}, sink);
     ASSERT_TRUE(res);
     EXPECT_EQ(res->rows.size(), 1u);
     EXPECT_EQ(sink.passes, (std::vector<int>{1, 2, 3, 4, 5, 6}));
     EXPECT_EQ(fake.seen().size(), 1u + 6 * 8);
-    ScriptedDialogs d;
-    NotifySearchCompleted(d);
-    EXPECT_EQ(d.last().text, "Search completed.");
-    EXPECT_EQ(d.last().title, "NOTE!");
+    // A finished search closes with its note.
+    EXPECT_TRUE(res->ok());
+    ASSERT_EQ(res->notices.size(), 1u);
+    EXPECT_EQ(res->notices.back().text, "Search completed.");
+    EXPECT_EQ(res->notices.back().title, "NOTE!");
 }
 
 TEST(AutoSearch, AWinSetsNBackToOne) {
     // Better and better up to Loo 53, poor beyond it.
     FakeScorer fake(SmallLayout(),
-                    [](const RnQuery& q) { return q.loo <= 53 ? q.loo / 100 : 0.1f; });
+                    [](const GrowthParams& q) { return q.loo <= 53 ? q.loo / 100 : 0.1f; });
     ParallelRn rn(fake, 2);
     PassLog sink;
     AutoSearchInput in{50, 1, 0, 0, 1, 0, 0, 0, true, 1, 20};
-    auto res = AutoSearch(rn, in, RnQuery{}, sink);
+    auto res = AutoSearch(rn, in, GrowthParams{}, sink);
     ASSERT_TRUE(res);
     ASSERT_EQ(res->rows.size(), 4u);
     EXPECT_EQ(res->rows[3].params.loo, 53);
@@ -343,7 +368,7 @@ TEST(AutoSearch, AWinSetsNBackToOne) {
 
 TEST(AutoSearch, TrialsStandOnEachOtherAndTiesWinNothing) {
     // Trial 1 (Loo + 1) and trial 3 (Loo - 1 with K + 1) score the same top value.
-    FakeScorer fake(SmallLayout(), [](const RnQuery& q) {
+    FakeScorer fake(SmallLayout(), [](const GrowthParams& q) {
         if (q.loo == 51 && q.k == 2) return 0.9f;
         if (q.loo == 49 && q.k == 3) return 0.9f;
         return 0.2f;
@@ -351,13 +376,13 @@ TEST(AutoSearch, TrialsStandOnEachOtherAndTiesWinNothing) {
     ParallelRn rn(fake, 1);
     SearchSink sink;
     AutoSearchInput in{50, 2, 0.5f, 0.5f, 1, 1, 0.1f, 0.1f, true, 1, 20};
-    auto res = AutoSearch(rn, in, RnQuery{}, sink);
+    auto res = AutoSearch(rn, in, GrowthParams{}, sink);
     ASSERT_TRUE(res);
     EXPECT_EQ(res->rows.size(), 1u);
     // The trials of the first pass: each keeps the changes of the ones before it.
     const auto seen = fake.seen();
     ASSERT_GE(seen.size(), 9u);
-    const RnQuery& t8 = seen[8];
+    const GrowthParams& t8 = seen[8];
     EXPECT_EQ(t8.loo, 49);
     EXPECT_EQ(t8.k, 1);
     EXPECT_FLOAT_EQ(t8.c, 0.4f);
@@ -370,13 +395,13 @@ TEST(AutoSearch, TrialsStandOnEachOtherAndTiesWinNothing) {
 
 TEST(AutoSearch, ClampsApplyToTrialsButNotToTheWinner) {
     // Only a K at its lower clamp, with C at its base, scores well.
-    FakeScorer fake(SmallLayout(), [](const RnQuery& q) {
+    FakeScorer fake(SmallLayout(), [](const GrowthParams& q) {
         return static_cast<double>(q.k) < 0.0100001 && q.c == 0.5f ? 0.8f : 0.2f;
     });
     ParallelRn rn(fake, 1);
     SearchSink sink;
     AutoSearchInput in{20, 0.5f, 0.5f, 0.5f, 100, 1, 1, 1, true, 1, 12};
-    auto res = AutoSearch(rn, in, RnQuery{}, sink);
+    auto res = AutoSearch(rn, in, GrowthParams{}, sink);
     ASSERT_TRUE(res);
     const auto seen = fake.seen();
     EXPECT_EQ(seen[1].loo, 120);
@@ -396,15 +421,15 @@ TEST(AutoSearch, ClampsApplyToTrialsButNotToTheWinner) {
 TEST(AutoSearch, VariableStartingPointLeavesTheLastPairTried) {
     // The best pair is in sample 1, but the row shows the last pair below Loo.
     FakeScorer fake(SmallLayout(),
-                    [](const RnQuery& q) { return q.ss == 1 && q.sl == 15 ? 0.7f : 0.3f; });
+                    [](const GrowthParams& q) { return q.ss == 1 && q.sl == 15 ? 0.7f : 0.3f; });
     ParallelRn rn(fake, 2);
     SearchSink sink;
     AutoSearchInput in{31, 1, 0, 0, 0, 0, 0, 0, false, 0, 0};
-    RnQuery q{31, 1, 0, 0, 0, 0};
+    GrowthParams q = Query(31, 1, 0, 0, 0, 0);
     EXPECT_EQ(ComputeRnSearch(rn, q, in), 0.7f);
     EXPECT_EQ(q.ss, 2);
     EXPECT_EQ(q.sl, 30);
-    auto res = AutoSearch(rn, in, RnQuery{}, sink);
+    auto res = AutoSearch(rn, in, GrowthParams{}, sink);
     ASSERT_TRUE(res);
     EXPECT_EQ(res->rows[0].params.ss, 2);
     EXPECT_EQ(res->rows[0].params.sl, 30);
@@ -413,13 +438,13 @@ TEST(AutoSearch, VariableStartingPointLeavesTheLastPairTried) {
 
 TEST(ParallelRn, RaisesTheFirstFaultInQueryOrder) {
     // Queries with Loo 500 divide by zero, those with Loo 900 overflow; the earliest wins.
-    FakeScorer fake(SmallLayout(), [](const RnQuery& q) -> float {
+    FakeScorer fake(SmallLayout(), [](const GrowthParams& q) -> float {
         if (q.loo == 500) ThrowDivisionByZero();
         if (q.loo == 900) ThrowOverflow();
         return 0.5f;
     });
     ParallelRn rn(fake, 2);
-    std::vector<RnQuery> qs(400, RnQuery{50, 1, 0, 0, 1, 20});
+    std::vector<GrowthParams> qs(400, Query(50, 1, 0, 0, 1, 20));
     qs[397].loo = 500;
     qs[3].loo = 900;
     qs[250].loo = 500;

@@ -6,7 +6,6 @@
 #include <cmath>
 
 #include "base/checked.h"
-#include "support/scripted_dialogs.h"
 
 namespace norvo {
 namespace {
@@ -191,26 +190,29 @@ TEST(VbgfPlotHisto, CurveStaysInsideTheWindow) {
 
 TEST(VbgfPlotChecks, RefusalsInOrder) {
     const LfqData d = MonthlyFile(12);
-    ScriptedDialogs dialogs;
     auto refused = [&](CurveInputs in, const char* text) {
-        const size_t n = dialogs.shown.size();
-        EXPECT_FALSE(CheckCurveInputs(in, d, dialogs).has_value()) << text;
-        ASSERT_EQ(dialogs.shown.size(), n + 1) << text;
-        EXPECT_EQ(dialogs.shown.back().text, text);
+        const CurveCheck check = CheckCurveInputs(in, d);
+        EXPECT_FALSE(check.ok()) << text;
+        ASSERT_EQ(check.notices.size(), 1u) << text;
+        EXPECT_EQ(check.notices.back().text, text);
     };
-    refused({"", "0.5", "0", "0", "1", "10"}, kVbgfInvalidLoo);
-    refused({"50", "x", "0", "0", "1", "10"}, kVbgfInvalidK);
-    refused({"50", "0.5", "1.5", "0", "1", "10"}, kVbgfInvalidC);
-    refused({"50", "0.5", "0", "2", "1", "10"}, kVbgfInvalidWP);
-    refused({"50", "0.5", "0", "0", "0", "10"}, kVbgfInvalidSS);
-    refused({"50", "0.5", "0", "0", "13", "10"}, kVbgfInvalidSS);
-    refused({"50", "0.5", "0", "0", "1.5", "10"}, kVbgfInvalidSS);
-    refused({"50", "0.5", "0", "0", "1", "3.9"}, kVbgfInvalidSL);
-    refused({"50", "0.5", "0", "0", "1", "44.1"}, kVbgfInvalidSL);
-    const auto p = CheckCurveInputs({"50", "0.5", "", "", "12", "4"}, d, dialogs);
-    ASSERT_TRUE(p.has_value());
-    EXPECT_EQ(p->ss, 12.0f);
-    EXPECT_EQ(p->c, 0.0f);
+    // An empty box reads as 0; a box whose text is not a number reads as nothing.
+    refused({0.0, 0.5, 0, 0, 1, 10}, kVbgfInvalidLoo);
+    refused({50, std::nullopt, 0, 0, 1, 10}, kVbgfInvalidK);
+    refused({50, 0.5, 1.5, 0, 1, 10}, kVbgfInvalidC);
+    refused({50, 0.5, 0, 2, 1, 10}, kVbgfInvalidWP);
+    refused({50, 0.5, 0, 0, 0, 10}, kVbgfInvalidSS);
+    refused({50, 0.5, 0, 0, 13, 10}, kVbgfInvalidSS);
+    refused({50, 0.5, 0, 0, 1.5, 10}, kVbgfInvalidSS);
+    refused({50, 0.5, 0, 0, 1, 3.9}, kVbgfInvalidSL);
+    refused({50, 0.5, 0, 0, 1, 44.1}, kVbgfInvalidSL);
+    // Every parameter unreadable: the first check's notice alone.
+    refused({}, kVbgfInvalidLoo);
+    const CurveCheck p = CheckCurveInputs({50, 0.5, 0.0, 0.0, 12, 4}, d);
+    ASSERT_TRUE(p.ok());
+    EXPECT_TRUE(p.notices.empty());
+    EXPECT_EQ(p.params.ss, 12.0f);
+    EXPECT_EQ(p.params.c, 0.0f);
     EXPECT_EQ(std::string(kVbgfInvalidSS),
               "The sample number introduced is not valid. Please check input!");
 }

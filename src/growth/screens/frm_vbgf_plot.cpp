@@ -11,12 +11,13 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include "base/error_report.h"
-#include "base/format.h"
 #include "chart/kind_a.h"
 #include "chart/report.h"
 #include "data/file_kind.h"
-#include "data/lfq_file.h"
+#include "growth/growth_settings.h"
+#include "growth/screens/parameter_field.h"
+#include "widgets/command_boundary.h"
+#include "widgets/number_box.h"
 #include "widgets/output_screen.h"
 #include "widgets/plot_view.h"
 
@@ -26,16 +27,6 @@ namespace {
 
 QString Q(const std::string& s) {
     return QString::fromStdString(s);
-}
-
-// Runs a handler; a fault ends in the error report, as in every screen.
-template <typename F>
-void Guarded(DialogService& dialogs, F&& f) {
-    try {
-        f();
-    } catch (...) {
-        ReportDefect(dialogs, DescribeCurrentFailure());
-    }
 }
 
 }  // namespace
@@ -98,40 +89,42 @@ FrmVbgfPlot::FrmVbgfPlot(ShellContext& ctx, QWidget* parent) : QWidget(parent), 
     top->addWidget(tabs_, 1);
     top->addLayout(buttons);
 
-    connect(plot, &QPushButton::clicked, this, [this] {
-        Guarded(ctx_.dialogs, [this] {
-            if (PlotVBGF()) tabs_->setCurrentIndex(1);
-        });
-    });
-    connect(open, &QPushButton::clicked, this,
-            [this] { Guarded(ctx_.dialogs, [this] { OpenCommand(); }); });
-    connect(print, &QPushButton::clicked, this,
-            [this] { Guarded(ctx_.dialogs, [this] { PrintCommand(); }); });
-    connect(closeButton, &QPushButton::clicked, this, [this] {
-        QWidget* frame = parentWidget() ? parentWidget() : this;
-        frame->close();
-    });
-    connect(lineButton, &QPushButton::clicked, this, [this] {
-        if (auto c = chooseColour(lineColour_, kVbgfLineColour)) lineColour_ = *c;
-        Guarded(ctx_.dialogs, [this] { redraw(); });
-    });
-    connect(fillButton, &QPushButton::clicked, this, [this] {
-        if (auto c = chooseColour(barColour_, kVbgfFillColour)) barColour_ = *c;
-        Guarded(ctx_.dialogs, [this] { redraw(); });
-    });
-    auto redrawOnChange = [this] { Guarded(ctx_.dialogs, [this] { redraw(); }); };
+    DialogService& dialogs = ctx_.dialogs;
+    connect(plot, &QPushButton::clicked, this, Guarded(dialogs, [this] {
+                if (PlotVBGF()) tabs_->setCurrentIndex(1);
+            }));
+    connect(open, &QPushButton::clicked, this, Guarded(dialogs, [this] { OpenCommand(); }));
+    connect(print, &QPushButton::clicked, this, Guarded(dialogs, [this] { PrintCommand(); }));
+    connect(closeButton, &QPushButton::clicked, this, Guarded(dialogs, [this] {
+                QWidget* frame = parentWidget() ? parentWidget() : this;
+                frame->close();
+            }));
+    connect(lineButton, &QPushButton::clicked, this, Guarded(dialogs, [this] {
+                if (auto c = chooseColour(lineColour_, kVbgfLineColour)) lineColour_ = *c;
+                redraw();
+            }));
+    connect(fillButton, &QPushButton::clicked, this, Guarded(dialogs, [this] {
+                if (auto c = chooseColour(barColour_, kVbgfFillColour)) barColour_ = *c;
+                redraw();
+            }));
     for (auto* c : {chkRestructured_, chkCurve_, chkSolid_, chkAll_})
-        connect(c, &QCheckBox::toggled, this, redrawOnChange);
-    connect(hscr_, &QScrollBar::valueChanged, this, redrawOnChange);
+        connect(c, &QCheckBox::toggled, this, Guarded(dialogs, [this] { redraw(); }));
+    connect(hscr_, &QScrollBar::valueChanged, this, Guarded(dialogs, [this] { redraw(); }));
 
     ReadDefaults();
     const std::string last = ctx_.settings.runTime(kKeyLastActive, kNoActiveFile);
-    if (KindOfPath(last) == "LFQ") Initialize(last);
+    if (KindOfPath(last) == "LFQ") RunCommand(dialogs, [&] { Initialize(last); });
 }
 
 void FrmVbgfPlot::ReadDefaults() {
-    for (size_t i = 0; i < boxes_.size(); ++i)
-        boxes_[i]->setText(Q(ctx_.settings.runTime(kVbgfSettingKeys[i], i == 4 ? "1" : "")));
+    const auto stored = ReadGrowthSettings(ctx_.settings);
+    for (size_t i = 0; i < boxes_.size(); ++i) {
+        if (stored[i]) {
+            SetBoxNumber(boxes_[i], stored[i]->value, stored[i]->pattern);
+        } else {
+            boxes_[i]->clear();
+        }
+    }
 }
 
 void FrmVbgfPlot::Initialize(const std::string& path) {
@@ -153,11 +146,13 @@ void FrmVbgfPlot::Initialize(const std::string& path) {
 
 bool FrmVbgfPlot::PlotVBGF() {
     if (!data_) return false;
-    CurveInputs in;
-    std::string* fields[] = {&in.loo, &in.k, &in.c, &in.wp, &in.ss, &in.sl};
-    for (size_t i = 0; i < boxes_.size(); ++i) *fields[i] = boxes_[i]->text().toStdString();
-    params_ = CheckCurveInputs(in, *data_, ctx_.dialogs);
-    if (!params_) return false;
+    const CurveInputs in{ParameterNumber(boxes_[0]), ParameterNumber(boxes_[1]),
+                         ParameterNumber(boxes_[2]), ParameterNumber(boxes_[3]),
+                         ParameterNumber(boxes_[4]), ParameterNumber(boxes_[5])};
+    const CurveCheck check = CheckCurveInputs(in, *data_);
+    params_.reset();
+    if (!ShowNotices(check, ctx_.dialogs)) return false;
+    params_ = check.params;
     table_ = ComputePoints(*data_, *params_);
     redraw();
     return true;

@@ -26,8 +26,6 @@ inline constexpr const char* kVbgfTabGraph = "&Graph (Output)";
 inline constexpr std::array<const char*, 6> kVbgfBoxCaptions = {
     "Asymptotic length (Loo):", "VBGF growth constant (K):", "Amplitute of oscillation (C):",
     "\"Winter Point\" (WP):",   "Starting sample (SS):",     "Starting length (SL):"};
-inline constexpr std::array<const char*, 6> kVbgfSettingKeys = {"LastLoo", "LastK",  "LastC",
-                                                                "LastWP",  "LastSS", "LastSL"};
 inline constexpr const char* kVbgfUseRestructured = "Use restructured frequencies";
 inline constexpr const char* kVbgfPlotCurve = "Plot the VBGF Curve";
 inline constexpr const char* kVbgfSolidBars = "Solid bar graphs";

@@ -18,10 +18,6 @@ namespace {
 
 constexpr double kScreenDpi = 96.0;
 
-QColor ToQColor(Colour c) {
-    return QColor((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF);
-}
-
 // Maps user coordinates of the current scale into the target rectangle.
 struct Mapper {
     UserScale scale;
@@ -44,6 +40,10 @@ struct Mapper {
 };
 
 }  // namespace
+
+QColor ToQColor(Colour c) {
+    return QColor((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF);
+}
 
 void EnsureRenderingApplication() {
     if (QCoreApplication::instance()) return;

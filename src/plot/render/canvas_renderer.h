@@ -2,6 +2,7 @@
 // Paints a chart canvas's display list with QtGui: onto a widget, a printer, an image (BMP,
 // PNG), an SVG drawing or a PDF page, at any size. Text and pen widths scale with the target
 // against the canvas's nominal pixel size, so every output shows the same picture.
+#include <QColor>
 #include <QFont>
 #include <QImage>
 #include <QRectF>
@@ -13,6 +14,9 @@
 class QPainter;
 
 namespace norvo {
+
+// A canvas colour (0xRRGGBB) as Qt's.
+QColor ToQColor(Colour c);
 
 // Makes sure a QGuiApplication exists (fonts need one); a headless program gets an offscreen
 // one on first use. Called by RenderCanvas and SavePlot.

@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QTableWidget>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -197,6 +198,34 @@ TEST_F(FrmElefan1Test, AutomaticSearchTableAndRefusal) {
     EXPECT_EQ(dialogs.last().title, "NOTE!");
     f->cmdELEFAN1(4);
     EXPECT_EQ(settings.runTime("LastLoo", ""), t->item(last, 0)->text().toStdString());
+}
+
+// With NORVO_ELEFAN_SCREENSHOT=/tmp/elefan, each tab after a run goes to /tmp/elefan_<tab>.png,
+// to look at the screen as a user would.
+TEST_F(FrmElefan1Test, ScreenshotsOfEveryTabOnRequest) {
+    const char* shot = std::getenv("NORVO_ELEFAN_SCREENSHOT");
+    if (!shot) GTEST_SKIP() << "NORVO_ELEFAN_SCREENSHOT not set";
+    auto f = Open();
+    f->resize(1100, 760);
+    f->show();
+    f->tabs()->setCurrentIndex(1);
+    f->chkSP()->setChecked(true);
+    f->cmdELEFAN1(0);
+    f->chkELEFAN1()->setChecked(true);
+    f->tabs()->setCurrentIndex(2);
+    f->txtSS2()->setCurrentText("1");
+    f->txtSL2()->setCurrentText("5.00");
+    f->cmdELEFAN1(0);
+    f->tabs()->setCurrentIndex(3);
+    f->optSearch(1)->setChecked(true);
+    f->sSample()->setCurrentText("1");
+    f->sLength()->setCurrentText("5.00");
+    f->txtLoo(4)->setText("1");
+    f->cmdELEFAN1(0);
+    for (int tab = 0; tab < 4; ++tab) {
+        f->tabs()->setCurrentIndex(tab);
+        EXPECT_TRUE(f->grab().save(QString("%1_%2.png").arg(shot).arg(tab)));
+    }
 }
 
 }  // namespace

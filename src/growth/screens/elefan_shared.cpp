@@ -1,0 +1,100 @@
+#include "growth/screens/elefan_shared.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+
+#include "growth/screens/frm_vbgf_plot.h"
+#include "growth/screens/parameter_field.h"
+#include "widgets/number_box.h"
+#include "widgets/output_screen.h"
+
+namespace norvo::gui {
+
+QGroupBox* MakeParameterGroup(QWidget* parent, const std::array<const char*, 2>& headings,
+                              const std::array<ParameterRow, 4>& rows) {
+    auto* group = new QGroupBox(kGroupParameters, parent);
+    auto* g = new QGridLayout(group);
+    g->addWidget(new QLabel(headings[0], group), 0, 1);
+    g->addWidget(new QLabel(headings[1], group), 0, 2);
+    for (int r = 0; r < 4; ++r) {
+        const ParameterRow& row = rows[static_cast<size_t>(r)];
+        g->addWidget(new QLabel(row.label, group), r + 1, 0);
+        row.first->setParent(group);
+        row.second->setParent(group);
+        g->addWidget(row.first, r + 1, 1);
+        g->addWidget(row.second, r + 1, 2);
+    }
+    return group;
+}
+
+QLineEdit* MakeNumberField(QWidget* parent, const QString& name) {
+    auto* e = new QLineEdit(parent);
+    e->setObjectName(name);
+    e->setMaximumWidth(110);
+    return e;
+}
+
+QLineEdit* MakeResultField(QWidget* parent, int index) {
+    auto* e = new QLineEdit(parent);
+    e->setObjectName(QString("txtELEFAN1_%1").arg(index));
+    e->setReadOnly(true);
+    e->setMaximumWidth(110);
+    return e;
+}
+
+QComboBox* MakeStartList(QWidget* parent, const QString& name) {
+    auto* c = new QComboBox(parent);
+    c->setObjectName(name);
+    c->setEditable(true);
+    return c;
+}
+
+void ShowNumber(QLineEdit* field, const ShownNumber& n) {
+    SetBoxNumber(field, n.value, n.pattern);
+}
+
+void ShowBest(const ResultFields& fields, const ElefanBest& best) {
+    const auto values = ElefanBestValues(best);
+    for (size_t i = 0; i < fields.size(); ++i)
+        SetBoxNumber(fields[i], values[i], kElefanResultPatterns[i]);
+}
+
+void ClearFields(const ResultFields& fields) {
+    for (QLineEdit* f : fields) f->clear();
+}
+
+void FillStartLists(QComboBox* samples, QComboBox* lengths, const RnLayout& layout, float ss,
+                    float sl) {
+    samples->clear();
+    for (int s = 1; s <= layout.nS; ++s) samples->addItem(NumberText(s, "0"));
+    samples->setCurrentText(NumberText(ss, "0"));
+    FillLengths(samples, lengths, layout);
+    lengths->setCurrentText(NumberText(sl, "0.00"));
+}
+
+void FillLengths(const QComboBox* samples, QComboBox* lengths, const RnLayout& layout) {
+    lengths->clear();
+    // A sample that is not a number offers no lengths.
+    const std::optional<double> sample = ParameterNumber(samples);
+    if (!sample) return;
+    for (float L : StartingLengths(layout, *sample)) lengths->addItem(NumberText(L, "0.00"));
+}
+
+void ShowVbgfPlot(ShellContext& ctx) {
+    ctx.showStatus(kPlotStoredStatus);
+    if (auto* plot = dynamic_cast<FrmVbgfPlot*>(ctx.openScreen("frmVBGFPlot")))
+        plot->ReadDefaults();
+}
+
+void RunElefanReport(ShellContext& ctx, const ChartCanvas& canvas, Elefan1ReportMode mode,
+                     const Elefan1ReportInfo& info,
+                     const std::vector<std::vector<std::string>>& surfaceTable) {
+    auto* output = new OutputScreen(ctx.printer);
+    ReportELEFAN1(canvas, *output, ctx.dialogs, mode, info, surfaceTable, RenderedPlotSaver());
+    output->deleteLater();
+}
+
+}  // namespace norvo::gui
