@@ -140,7 +140,7 @@ void FrmVbgfPlot::Initialize(const std::string& path) {
     data_ = ctx_.session.lfqData;
     if (data_->noOfSamples > 0 && data_->noOfClasses > 0)
         restructuredPoints_ = RestructureData(*data_);
-    setWindowTitle(Q(std::string(kVbgfPlotCaption) + " [" + path + "]"));
+    setWindowTitle(QString("%1 [%2]").arg(kVbgfPlotCaption, Q(path)));
     redraw();
 }
 
