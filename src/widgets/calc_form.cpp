@@ -10,6 +10,7 @@
 
 #include "mortality/mortality_reports.h"
 #include "numerics/text_convert.h"
+#include "widgets/command_boundary.h"
 #include "widgets/output_screen.h"
 
 namespace norvo::gui {
@@ -47,23 +48,45 @@ QPushButton* MakeButton(const QString& caption, const char* objectName, QWidget*
     return b;
 }
 
-CalcButtons AddCalcButtons(QWidget* owner, const std::function<void()>& onCompute,
-                           const std::function<void()>& onPrint) {
+namespace {
+
+using Runner = std::function<void(const std::function<void()>&)>;
+
+CalcButtons MakeCalcButtons(QWidget* owner, const Runner& run,
+                            const std::function<void()>& onCompute,
+                            const std::function<void()>& onPrint) {
     CalcButtons b;
     b.compute = MakeButton(kCalcCompute, "cmdCompute", owner);
-    QObject::connect(b.compute, &QPushButton::clicked, owner, [onCompute] { onCompute(); });
+    QObject::connect(b.compute, &QPushButton::clicked, owner, [run, onCompute] { run(onCompute); });
     if (onPrint) {
         b.print = MakeButton(kCalcPrint, "cmdPrint", owner);
-        QObject::connect(b.print, &QPushButton::clicked, owner, [onPrint] { onPrint(); });
+        QObject::connect(b.print, &QPushButton::clicked, owner, [run, onPrint] { run(onPrint); });
     }
     auto* close = MakeButton(kCalcClose, "cmdClose", owner);
-    QObject::connect(close, &QPushButton::clicked, owner, [owner] { CloseScreen(owner); });
+    QObject::connect(close, &QPushButton::clicked, owner,
+                     [run, owner] { run([owner] { CloseScreen(owner); }); });
     b.row = new QHBoxLayout;
     b.row->addStretch();
     b.row->addWidget(b.compute);
     if (b.print) b.row->addWidget(b.print);
     b.row->addWidget(close);
     return b;
+}
+
+}  // namespace
+
+CalcButtons AddCalcButtons(QWidget* owner, DialogService& dialogs,
+                           const std::function<void()>& onCompute,
+                           const std::function<void()>& onPrint) {
+    return MakeCalcButtons(
+        owner, [&dialogs](const std::function<void()>& f) { RunCommand(dialogs, f); }, onCompute,
+        onPrint);
+}
+
+CalcButtons AddCalcButtons(QWidget* owner, const std::function<void()>& onCompute,
+                           const std::function<void()>& onPrint) {
+    return MakeCalcButtons(
+        owner, [](const std::function<void()>& f) { RunCommand(f); }, onCompute, onPrint);
 }
 
 void LayOutCalculator(QWidget* owner, std::initializer_list<CalcPart> parts, QLayout* buttonRow) {

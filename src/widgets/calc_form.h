@@ -39,7 +39,12 @@ struct CalcButtons {
     QHBoxLayout* row = nullptr;
 };
 // Makes the buttons on `owner`: Compute and Print call back, Close closes the screen. Without a
-// print callback there is no Print button.
+// print callback there is no Print button. Each button runs through the command boundary and
+// reports to `dialogs`.
+CalcButtons AddCalcButtons(QWidget* owner, DialogService& dialogs,
+                           const std::function<void()>& onCompute,
+                           const std::function<void()>& onPrint = {});
+// The same, reporting to the program's dialogs.
 CalcButtons AddCalcButtons(QWidget* owner, const std::function<void()>& onCompute,
                            const std::function<void()>& onPrint = {});
 

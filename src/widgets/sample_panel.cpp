@@ -10,6 +10,7 @@
 
 #include "data/lfq_file.h"
 #include "mortality/catch_curve.h"
+#include "widgets/command_boundary.h"
 
 namespace norvo::gui {
 
@@ -46,11 +47,13 @@ SamplePanel::SamplePanel(DialogService& dialogs, QWidget* parent)
     right->addStretch();
     layout->addLayout(right);
 
+    // `changed` also follows changes the program makes: its handlers are the owner's to guard.
     connect(temporal_, &QCheckBox::toggled, this, &SamplePanel::changed);
     connect(list_, &QListWidget::itemSelectionChanged, this, &SamplePanel::changed);
-    connect(help_, &QPushButton::clicked, this, [this] {
-        dialogs_.notify({kCcTemporalHelpText, kCcHelpTitle, Buttons::Ok, Icon::Information});
-    });
+    connect(
+        help_, &QPushButton::clicked, this, Guarded(dialogs_, [this] {
+            dialogs_.notify({kCcTemporalHelpText, kCcHelpTitle, Buttons::Ok, Icon::Information});
+        }));
 }
 
 void SamplePanel::setData(const LfqData& data) {
