@@ -30,8 +30,12 @@ std::string DefectReportText(const FailureInfo& f) {
            "). Please notify the developer: " + kDefectContact + ". ";
 }
 
+UserNotice DefectReport(const FailureInfo& failure) {
+    return {DefectReportText(failure), kDefectTitle, Buttons::Ok, Icon::Critical};
+}
+
 void ReportDefect(DialogService& dialogs, const FailureInfo& failure) {
-    dialogs.notify({DefectReportText(failure), kDefectTitle, Buttons::Ok, Icon::Critical});
+    dialogs.notify(DefectReport(failure));
 }
 
 }  // namespace norvo

@@ -33,7 +33,9 @@ FailureInfo DescribeCurrentFailure();
 // developer: <contact>. "
 std::string DefectReportText(const FailureInfo& failure);
 
-// Shows the report (critical icon, title "Programming Defect...").
+// The report as a notice: critical icon, title "Programming Defect...", the text above.
+UserNotice DefectReport(const FailureInfo& failure);
+// Shows the report.
 void ReportDefect(DialogService& dialogs, const FailureInfo& failure);
 
 }  // namespace norvo

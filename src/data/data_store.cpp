@@ -15,6 +15,21 @@
 
 namespace norvo {
 
+namespace {
+thread_local int savesUnderWay = 0;
+}  // namespace
+
+StoreError::StoreError(const std::string& what)
+    : std::runtime_error(what),
+      access_(savesUnderWay > 0 ? StoreAccess::Save : StoreAccess::Read) {}
+
+StoreSaving::StoreSaving() {
+    ++savesUnderWay;
+}
+StoreSaving::~StoreSaving() {
+    --savesUnderWay;
+}
+
 // ---------------------------------------------------------------------------------------------
 // Field values
 
@@ -449,6 +464,7 @@ Records::Records(Records&&) noexcept = default;
 Records& Records::operator=(Records&&) noexcept = default;
 
 void Records::addNew() {
+    const StoreSaving saving;
     if (impl_->table.empty()) throw StoreError(kReadOnly);
     impl_->connection();
     impl_->mode = Impl::Mode::Adding;
@@ -457,6 +473,7 @@ void Records::addNew() {
 }
 
 void Records::edit() {
+    const StoreSaving saving;
     if (impl_->table.empty()) throw StoreError(kReadOnly);
     if (endOfRecords()) throw StoreError(kNoCurrentRecord);
     impl_->connection();
@@ -466,6 +483,7 @@ void Records::edit() {
 }
 
 void Records::update() {
+    const StoreSaving saving;
     auto& m = *impl_;
     if (m.mode == Impl::Mode::None) throw StoreError(kNotEditing);
     Connection& c = m.connection();
@@ -572,6 +590,7 @@ FieldValue Records::getField(const std::string& name) const {
 }
 
 void Records::setField(const std::string& name, const FieldValue& value) {
+    const StoreSaving saving;
     auto& m = *impl_;
     const size_t i = m.indexOf(name);
     if (m.mode == Impl::Mode::None) throw StoreError(kNotEditing);
@@ -633,6 +652,7 @@ DataStore DataStore::open(const std::string& path) {
 }
 
 void DataStore::execute(const std::string& statement) {
+    const StoreSaving saving;
     Connection& c = impl_->connection();
     Statement s(c, TranslateDialect(statement));
     s.run();
@@ -698,6 +718,7 @@ Records DataStore::openRecords(const std::string& statementOrTable) {
 }
 
 void DataStore::beginTransaction() {
+    const StoreSaving saving;
     Connection& c = impl_->connection();
     if (c.inTransaction) throw StoreError("A transaction is already open on " + c.path);
     Statement(c, "BEGIN IMMEDIATE").run();
@@ -705,6 +726,7 @@ void DataStore::beginTransaction() {
 }
 
 void DataStore::commit() {
+    const StoreSaving saving;
     Connection& c = impl_->connection();
     if (!c.inTransaction) throw StoreError("No transaction is open on " + c.path);
     Statement(c, "COMMIT").run();
@@ -712,6 +734,7 @@ void DataStore::commit() {
 }
 
 void DataStore::rollback() {
+    const StoreSaving saving;
     Connection& c = impl_->connection();
     if (!c.inTransaction) return;
     c.inTransaction = false;

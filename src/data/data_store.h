@@ -31,10 +31,33 @@ std::string AsText(const FieldValue& v);
 // The declared width of a field, as the schemas fix it.
 enum class FieldType { Int16, Int32, Float32, Float64, Date, Text };
 
-// Failure to open or read a store: missing file, not a store, wrong or hostile schema.
+// What a store was being used for when it failed.
+enum class StoreAccess { Read, Save };
+
+// Failure to open, read or write a store: missing file, not a store, wrong or hostile schema, a
+// write refused. It knows whether a save was under way, so that the user can be told that the
+// file was not saved rather than that it is damaged.
 class StoreError : public std::runtime_error {
   public:
-    using std::runtime_error::runtime_error;
+    // A failure to save when raised while a StoreSaving stands on this thread, else to read.
+    explicit StoreError(const std::string& what);
+    StoreError(const std::string& what, StoreAccess access)
+        : std::runtime_error(what), access_(access) {}
+    StoreAccess access() const { return access_; }
+
+  private:
+    StoreAccess access_;
+};
+
+// Marks the store errors raised on this thread while it stands as failures to save. Every
+// routine that writes to a store holds one, so a save that fails while reading (a file that
+// vanished, a work copy that cannot be opened) still reads as a failed save.
+class StoreSaving {
+  public:
+    StoreSaving();
+    ~StoreSaving();
+    StoreSaving(const StoreSaving&) = delete;
+    StoreSaving& operator=(const StoreSaving&) = delete;
 };
 
 class DataStore;

@@ -281,6 +281,7 @@ std::vector<LfqSample> ReadSampleHeaders(const std::string& path) {
 }
 
 void WriteSampleHeaders(const std::string& path, const std::vector<LfqSample>& samples) {
+    const StoreSaving saving;
     DataStore store = DataStore::open(path);
     store.beginTransaction();
     try {
@@ -294,6 +295,7 @@ void WriteSampleHeaders(const std::string& path, const std::vector<LfqSample>& s
 }
 
 void WriteLfqHeader(const std::string& path, const LfqHeader& header) {
+    const StoreSaving saving;
     DataStore store = DataStore::open(path);
     store.beginTransaction();
     try {
@@ -309,6 +311,7 @@ void WriteLfqHeader(const std::string& path, const LfqHeader& header) {
 void WriteLfqFile(const std::string& path, const LfqHeader& header,
                   const std::vector<LfqSample>& samples,
                   const std::vector<std::vector<double>>& freq) {
+    const StoreSaving saving;
     const size_t nSamples = freq.empty() ? 0 : freq.front().size();
     for (const auto& row : freq) {
         if (row.size() != nSamples) throw SubscriptFault("WriteLfqFile");
@@ -340,6 +343,7 @@ void WriteLfqFile(const std::string& path, const LfqHeader& header,
 }
 
 void WriteDatesOnly(const std::string& path, const std::vector<std::string>& dates) {
+    const StoreSaving saving;
     std::vector<LfqSample> samples;
     samples.reserve(dates.size());
     for (size_t i = 0; i < dates.size(); ++i) {

@@ -106,12 +106,14 @@ std::string CreateFileQuestion(const std::string& path) {
 }
 
 void DeleteAll(const std::string& path, const std::string& table) {
+    const StoreSaving saving;
     DataStore::open(path).execute("DELETE * FROM [" + table + "];");
 }
 
 void DeleteWhere(const std::string& path, const std::string& table,
                  const std::vector<std::string>& fields, const std::vector<std::string>& operators,
                  const std::vector<std::string>& values) {
+    const StoreSaving saving;
     if (fields.size() != operators.size() || fields.size() != values.size() || fields.empty()) {
         throw StoreError("DeleteWhere needs as many operators and values as fields");
     }
@@ -132,6 +134,7 @@ FieldValue MaxOfField(const std::string& path, const std::string& table, const s
 
 void RenumberKeys(const std::string& path, const std::string& table, const std::string& field,
                   const std::vector<int64_t>& oldKeys) {
+    const StoreSaving saving;
     const FieldValue max = MaxOfField(path, table, field);
     if (IsNull(max)) return;  // an empty table has nothing to renumber
     const int64_t base = AsInteger(max) + 10;
@@ -241,6 +244,7 @@ std::string ExtensionOf(const std::string& path) {
 }
 
 void AtomicRewrite(const std::string& path, const std::function<void(const std::string&)>& fill) {
+    const StoreSaving saving;
     if (!FileExists(path)) throw StoreError("No such data file: " + path);
     const std::string work = WorkPathFor(path);
     if (!CopyOver(path, work)) {
@@ -252,6 +256,7 @@ void AtomicRewrite(const std::string& path, const std::function<void(const std::
 
 void AtomicRewriteFromTemplate(const std::string& path, const std::string& programFolder,
                                const std::function<void(const std::string&)>& fill) {
+    const StoreSaving saving;
     const FileKind* kind = KindOfFile(path);
     if (!kind) throw StoreError("Not a data file kind: " + path);
     const std::string templatePath = TemplatePathOf(*kind, programFolder);
@@ -264,6 +269,7 @@ void AtomicRewriteFromTemplate(const std::string& path, const std::string& progr
 }
 
 void SaveInTransaction(const std::string& path, const std::function<void(DataStore&)>& fill) {
+    const StoreSaving saving;
     auto store = DataStore::open(path);
     store.beginTransaction();
     try {

@@ -49,19 +49,21 @@ QPushButton* MakeButton(const QString& caption, const char* objectName, QWidget*
 
 namespace {
 
-// Compute, Print and Close in a right-aligned row; `wrap` puts each callback in its handler.
-template <class Wrap>
-CalcButtons MakeCalcButtons(QWidget* owner, const std::function<void()>& onCompute,
-                            const std::function<void()>& onPrint, Wrap wrap) {
+using Runner = std::function<void(const std::function<void()>&)>;
+
+CalcButtons MakeCalcButtons(QWidget* owner, const Runner& run,
+                            const std::function<void()>& onCompute,
+                            const std::function<void()>& onPrint) {
     CalcButtons b;
     b.compute = MakeButton(kCalcCompute, "cmdCompute", owner);
-    QObject::connect(b.compute, &QPushButton::clicked, owner, wrap([onCompute] { onCompute(); }));
+    QObject::connect(b.compute, &QPushButton::clicked, owner, [run, onCompute] { run(onCompute); });
     if (onPrint) {
         b.print = MakeButton(kCalcPrint, "cmdPrint", owner);
-        QObject::connect(b.print, &QPushButton::clicked, owner, wrap([onPrint] { onPrint(); }));
+        QObject::connect(b.print, &QPushButton::clicked, owner, [run, onPrint] { run(onPrint); });
     }
     auto* close = MakeButton(kCalcClose, "cmdClose", owner);
-    QObject::connect(close, &QPushButton::clicked, owner, wrap([owner] { CloseScreen(owner); }));
+    QObject::connect(close, &QPushButton::clicked, owner,
+                     [run, owner] { run([owner] { CloseScreen(owner); }); });
     b.row = new QHBoxLayout;
     b.row->addStretch();
     b.row->addWidget(b.compute);
@@ -75,13 +77,15 @@ CalcButtons MakeCalcButtons(QWidget* owner, const std::function<void()>& onCompu
 CalcButtons AddCalcButtons(QWidget* owner, DialogService& dialogs,
                            const std::function<void()>& onCompute,
                            const std::function<void()>& onPrint) {
-    return MakeCalcButtons(owner, onCompute, onPrint,
-                           [&dialogs](auto f) { return Guarded(dialogs, std::move(f)); });
+    return MakeCalcButtons(
+        owner, [&dialogs](const std::function<void()>& f) { RunCommand(dialogs, f); }, onCompute,
+        onPrint);
 }
 
 CalcButtons AddCalcButtons(QWidget* owner, const std::function<void()>& onCompute,
                            const std::function<void()>& onPrint) {
-    return MakeCalcButtons(owner, onCompute, onPrint, [](auto f) { return f; });
+    return MakeCalcButtons(
+        owner, [](const std::function<void()>& f) { RunCommand(f); }, onCompute, onPrint);
 }
 
 void LayOutCalculator(QWidget* owner, std::initializer_list<CalcPart> parts, QLayout* buttonRow) {

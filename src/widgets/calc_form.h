@@ -39,13 +39,13 @@ struct CalcButtons {
     QPushButton* print = nullptr;  // null when the screen prints nothing
     QHBoxLayout* row = nullptr;
 };
-// Makes the buttons on `owner`: Compute and Print call back, Close closes the screen, each
-// through the command boundary (widgets/command_boundary.h) with `dialogs`. Without a print
-// callback there is no Print button.
+// Makes the buttons on `owner`: Compute and Print call back, Close closes the screen. Without a
+// print callback there is no Print button. Each button runs through the command boundary and
+// reports to `dialogs`.
 CalcButtons AddCalcButtons(QWidget* owner, DialogService& dialogs,
                            const std::function<void()>& onCompute,
                            const std::function<void()>& onPrint = {});
-// The same row for a screen whose callbacks guard themselves.
+// The same, reporting to the program's dialogs.
 CalcButtons AddCalcButtons(QWidget* owner, const std::function<void()>& onCompute,
                            const std::function<void()>& onPrint = {});
 

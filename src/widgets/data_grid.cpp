@@ -18,6 +18,7 @@
 #include <string>
 
 #include "base/format.h"
+#include "widgets/command_boundary.h"
 
 namespace norvo::gui {
 
@@ -125,8 +126,10 @@ DataGrid::DataGrid(QWidget* parent) : QTableWidget(parent) {
     // The corner button paints the row-heading column's title.
     if (auto* corner = findChild<QAbstractButton*>()) corner->installEventFilter(this);
 
+    // What the user does here runs through the command boundary, the owner's handlers with it.
+    // Changes the program makes (itemChanged) reach the owner inside its own command.
     connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
-            &DataGrid::headingDoubleClicked);
+            [this](int col) { RunCommand([&] { Q_EMIT headingDoubleClicked(col); }); });
     connect(this, &QTableWidget::itemChanged, this, [this] { Q_EMIT edited(); });
 
     tableMenu_ = new QMenu(kTableMenuTitle, this);
@@ -137,7 +140,8 @@ DataGrid::DataGrid(QWidget* parent) : QTableWidget(parent) {
             a = tableMenu_->addSeparator();
         } else {
             a = tableMenu_->addAction(kTableMenuCaptions[i]);
-            connect(a, &QAction::triggered, this, [this, i] { Q_EMIT tableCommand(i); });
+            connect(a, &QAction::triggered, this,
+                    [this, i] { RunCommand([this, i] { Q_EMIT tableCommand(i); }); });
         }
         a->setObjectName(QString("mnuTable_%1").arg(i));
         tableActions_[i] = a;
@@ -519,6 +523,10 @@ void DataGrid::moveAfterKey(int key) {
 }
 
 void DataGrid::keyPressEvent(QKeyEvent* event) {
+    RunCommand([&] { handleKey(event); });
+}
+
+void DataGrid::handleKey(QKeyEvent* event) {
     Q_EMIT edited();
     if (event->matches(QKeySequence::Copy)) {
         copySelection();

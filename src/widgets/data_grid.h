@@ -126,6 +126,7 @@ class DataGrid : public QTableWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void handleKey(QKeyEvent* event);
     void addRowAndMoveTo(int col);
     void applyWidth(int col);
     int charWidth() const;

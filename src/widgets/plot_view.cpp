@@ -5,6 +5,7 @@
 #include <QResizeEvent>
 
 #include "plot/render/canvas_renderer.h"
+#include "widgets/command_boundary.h"
 
 namespace norvo::gui {
 
@@ -18,7 +19,7 @@ void PlotView::setPicture(const CanvasImage& image) {
     if (image.widthPx > 0 && image.heightPx > 0)
         canvas_.setPixelSize(image.widthPx, image.heightPx);
     canvas_.PutImage(image);
-    update();
+    refresh();
 }
 
 void PlotView::storeClean() {
@@ -27,6 +28,11 @@ void PlotView::storeClean() {
 
 void PlotView::restoreClean() {
     canvas_.PutImage(clean_);
+    refresh();
+}
+
+void PlotView::refresh() {
+    paintFailed_ = false;
     update();
 }
 
@@ -51,28 +57,34 @@ QSize PlotView::sizeHint() const {
 void PlotView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), Qt::white);
-    PaintCanvas(painter, canvas_, QRectF(rect()));
+    // A picture that failed to paint stays blank, reported once, until it changes.
+    if (paintFailed_) return;
+    paintFailed_ = !RunPainting([&] { PaintCanvas(painter, canvas_, QRectF(rect())); });
 }
 
 void PlotView::mouseMoveEvent(QMouseEvent* event) {
-    const UserPoint p = toUser(event->position());
-    if (selection_) {
-        setHotCursor(selection_->mouseMove(p.x, p.y));
-        if (selection_->active() != lastActive_) {
-            lastActive_ = selection_->active();
-            Q_EMIT activePointChanged(lastActive_);
+    RunCommand([&] {
+        const UserPoint p = toUser(event->position());
+        if (selection_) {
+            setHotCursor(selection_->mouseMove(p.x, p.y));
+            if (selection_->active() != lastActive_) {
+                lastActive_ = selection_->active();
+                Q_EMIT activePointChanged(lastActive_);
+            }
         }
-    }
-    Q_EMIT mouseMovedTo(p.x, p.y);
+        Q_EMIT mouseMovedTo(p.x, p.y);
+    });
 }
 
 void PlotView::mousePressEvent(QMouseEvent* event) {
-    const UserPoint p = toUser(event->position());
-    if (selection_ && event->button() == Qt::LeftButton) {
-        selection_->mouseMove(p.x, p.y);
-        if (selection_->click()) Q_EMIT pointToggled(selection_->active());
-    }
-    Q_EMIT clickedAt(p.x, p.y);
+    RunCommand([&] {
+        const UserPoint p = toUser(event->position());
+        if (selection_ && event->button() == Qt::LeftButton) {
+            selection_->mouseMove(p.x, p.y);
+            if (selection_->click()) Q_EMIT pointToggled(selection_->active());
+        }
+        Q_EMIT clickedAt(p.x, p.y);
+    });
 }
 
 void PlotView::resizeEvent(QResizeEvent* event) {
@@ -80,7 +92,8 @@ void PlotView::resizeEvent(QResizeEvent* event) {
         canvas_.setPixelSize(event->size().width(), event->size().height());
     }
     QWidget::resizeEvent(event);
-    Q_EMIT resized();
+    paintFailed_ = false;
+    Q_EMIT resized();  // also while the program lays out: the owner guards its handler
 }
 
 }  // namespace norvo::gui

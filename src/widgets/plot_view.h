@@ -1,7 +1,9 @@
 #pragma once
 // A widget that shows a chart canvas, scaled to its size. It maps mouse positions to the
 // canvas's user coordinates, shows the hand cursor over a hot point, and keeps a clean copy
-// of the picture beneath overlays (a cursor line, a selected range).
+// of the picture beneath overlays (a cursor line, a selected range). Its mouse and paint
+// handlers, and the owners' slots they call, run through the command boundary with the
+// program's dialogs.
 #include <QWidget>
 
 #include "chart/chart_canvas.h"
@@ -14,10 +16,11 @@ class PlotView : public QWidget {
   public:
     explicit PlotView(QWidget* parent = nullptr);
 
-    // The picture; draw on it, then call update() (or refresh()).
+    // The picture; draw on it, then call refresh() (or update()).
     ChartCanvas& canvas() { return canvas_; }
     const ChartCanvas& canvas() const { return canvas_; }
-    void refresh() { update(); }
+    // Repaints the picture, trying again when it failed to paint before.
+    void refresh();
     // Shows a stored picture (replacing what is drawn).
     void setPicture(const CanvasImage& image);
 
@@ -64,6 +67,7 @@ class PlotView : public QWidget {
     int lastActive_ = -1;
     bool hot_ = false;
     bool tracksSize_ = true;
+    bool paintFailed_ = false;
 };
 
 }  // namespace norvo::gui

@@ -47,6 +47,7 @@ SamplePanel::SamplePanel(DialogService& dialogs, QWidget* parent)
     right->addStretch();
     layout->addLayout(right);
 
+    // `changed` also follows changes the program makes: its handlers are the owner's to guard.
     connect(temporal_, &QCheckBox::toggled, this, &SamplePanel::changed);
     connect(list_, &QListWidget::itemSelectionChanged, this, &SamplePanel::changed);
     connect(

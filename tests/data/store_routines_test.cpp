@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 #include "data/file_kind.h"
 #include "data/schema.h"
@@ -203,6 +204,43 @@ TEST_F(RoutinesTest, FailedSavesLeaveTheFileUnchanged) {
     });
     EXPECT_EQ(keysAndMarks(path).size(), 0u);
     EXPECT_EQ(std::distance(fs::directory_iterator(dir.path()), fs::directory_iterator()), 1);
+}
+
+// A store error knows whether a save was under way: the user is told "not saved" for a save
+// that failed, even when it failed while opening or reading.
+TEST_F(RoutinesTest, StoreErrorsTellASaveFromARead) {
+    const auto accessOf = [](const std::function<void()>& f) {
+        try {
+            f();
+        } catch (const StoreError& e) {
+            return e.access();
+        }
+        ADD_FAILURE() << "no store error";
+        return StoreAccess::Read;
+    };
+    const std::string text = dir.file("text.lfq");
+    std::ofstream(text) << "not a store";
+    const std::string gone = dir.file("gone/missing.lfq");
+    EXPECT_EQ(accessOf([&] { DataStore::open(text); }), StoreAccess::Read);
+    EXPECT_EQ(accessOf([&] { DataStore::open(gone); }), StoreAccess::Read);
+    EXPECT_EQ(accessOf([&] { MaxOfField(gone, "Sample_LF", "SampleNo"); }), StoreAccess::Read);
+
+    EXPECT_EQ(accessOf([&] { DeleteAll(gone, "Sample_LF"); }), StoreAccess::Save);
+    EXPECT_EQ(accessOf([&] { AtomicRewrite(gone, [](const std::string&) {}); }), StoreAccess::Save);
+    EXPECT_EQ(
+        accessOf([&] { AtomicRewriteFromTemplate(gone, program, [](const std::string&) {}); }),
+        StoreAccess::Save);
+    const std::string path = samplesFile({1});
+    EXPECT_EQ(accessOf([&] {
+                  AtomicRewrite(path, [](const std::string& w) {
+                      DataStore::open(w).openRecords("SELECT [Nonexistent] FROM [Sample_LF]");
+                  });
+              }),
+              StoreAccess::Save);
+    auto store = DataStore::open(path);
+    EXPECT_EQ(accessOf([&] { store.execute("DELETE * FROM [NoSuchTable]"); }), StoreAccess::Save);
+    EXPECT_EQ(accessOf([&] { store.openRecords("SELECT [Nonexistent] FROM [Sample_LF]"); }),
+              StoreAccess::Read);
 }
 
 TEST(FileKinds, TableAgreesWithSchemas) {

@@ -11,6 +11,7 @@
 #include "app/shell_texts.h"
 #include "app/version.h"
 #include "base/settings_store.h"
+#include "widgets/command_boundary.h"
 
 namespace norvo::gui {
 
@@ -55,7 +56,7 @@ FrmAbout::FrmAbout(DialogService& dialogs, QWidget* parent) : QDialog(parent), d
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
     auto* sysInfo = new QPushButton("&System Info...", this);
     sysInfo->setObjectName("cmdSysInfo");
-    connect(sysInfo, &QPushButton::clicked, this, &FrmAbout::StartSysInfo);
+    connect(sysInfo, &QPushButton::clicked, this, Guarded(dialogs_, [this] { StartSysInfo(); }));
 
     auto* head = new QVBoxLayout;
     head->addWidget(title);

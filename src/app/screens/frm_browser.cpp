@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "app/shell_texts.h"
+#include "widgets/command_boundary.h"
 
 namespace norvo::gui {
 
@@ -45,7 +46,8 @@ FrmBrowser::FrmBrowser(ShellContext& ctx, QUrl home, QWidget* parent)
     for (const Key& k : kKeys) {
         QAction* a = toolbar_->addAction(style()->standardIcon(k.icon), k.key);
         a->setObjectName(k.key);
-        connect(a, &QAction::triggered, this, [this, key = QString(k.key)] { onKey(key); });
+        connect(a, &QAction::triggered, this,
+                Guarded(ctx_.dialogs, [this, key = QString(k.key)] { onKey(key); }));
     }
     button("Stop")->setEnabled(false);  // pages load at once; nothing to stop
 
@@ -53,20 +55,20 @@ FrmBrowser::FrmBrowser(ShellContext& ctx, QUrl home, QWidget* parent)
     cboAddress_->setObjectName("cboAddress");
     cboAddress_->setEditable(true);
     cboAddress_->setInsertPolicy(QComboBox::NoInsert);
-    connect(cboAddress_->lineEdit(), &QLineEdit::returnPressed, this, [this] {
-        const QString text = cboAddress_->currentText().trimmed();
-        if (text.isEmpty()) return;
-        QUrl url = QUrl::fromUserInput(text);
-        navigate(url);
-    });
+    connect(cboAddress_->lineEdit(), &QLineEdit::returnPressed, this, Guarded(ctx_.dialogs, [this] {
+                const QString text = cboAddress_->currentText().trimmed();
+                if (text.isEmpty()) return;
+                navigate(QUrl::fromUserInput(text));
+            }));
     connect(cboAddress_, &QComboBox::activated, this,
-            [this](int i) { navigate(QUrl(cboAddress_->itemText(i))); });
+            Guarded(ctx_.dialogs, [this](int i) { navigate(QUrl(cboAddress_->itemText(i))); }));
 
     view_ = new QTextBrowser(this);
     view_->setObjectName("brwWebBrowser");
     view_->setOpenLinks(false);
     connect(view_, &QTextBrowser::anchorClicked, this,
-            [this](const QUrl& url) { navigate(view_->source().resolved(url)); });
+            Guarded(ctx_.dialogs,
+                    [this](const QUrl& url) { navigate(view_->source().resolved(url)); }));
     connect(view_, &QTextBrowser::backwardAvailable, button("Back"), &QAction::setEnabled);
     connect(view_, &QTextBrowser::forwardAvailable, button("Forward"), &QAction::setEnabled);
     button("Back")->setEnabled(false);

@@ -23,10 +23,10 @@
 #include "app/screens/frm_browser.h"
 #include "app/shell_texts.h"
 #include "app/version.h"
-#include "base/error_report.h"
 #include "data/file_kind.h"
 #include "data/screens/table_interchange.h"
 #include "data/store_routines.h"
+#include "widgets/command_boundary.h"
 #include "widgets/data_editor.h"
 
 namespace norvo::gui {
@@ -102,7 +102,8 @@ FrmMain::FrmMain(Session& session, SettingsStore& settings, DialogService& dialo
     mdi_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdi_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(mdi_);
-    connect(mdi_, &QMdiArea::subWindowActivated, this, &FrmMain::onChildActivated);
+    connect(mdi_, &QMdiArea::subWindowActivated, this,
+            Guarded(ctx_.dialogs, [this](QMdiSubWindow* sub) { onChildActivated(sub); }));
 
     buildMenus();
     buildToolbar();
@@ -175,7 +176,7 @@ void FrmMain::buildMenus() {
         } else {
             a = parent->addAction(Q(e.caption));
             const CommandEntry* entry = &e;
-            connect(a, &QAction::triggered, this, [this, entry] { handle(*entry); });
+            connect(a, &QAction::triggered, this, [this, entry] { dispatch(*entry); });
         }
         a->setObjectName(Q(e.control));
         if (e.isArray()) a->setProperty("index", e.index);
@@ -191,27 +192,28 @@ void FrmMain::buildMenus() {
 
     // The Window menu lists the open children below its four commands.
     QMenu* window = menu(kMenuWindow);
-    connect(window, &QMenu::aboutToShow, this, [this, window] {
-        for (QAction* a : window->actions()) {
-            if (!a->property("windowList").toBool()) continue;
-            window->removeAction(a);
-            a->deleteLater();
-        }
-        const auto subs = mdi_->subWindowList();
-        if (subs.isEmpty()) return;
-        QAction* bar = window->addSeparator();
-        bar->setProperty("windowList", true);
-        for (int i = 0; i < subs.size(); ++i) {
-            QPointer<QMdiSubWindow> sub = subs[i];
-            QAction* a = window->addAction(QString("&%1 %2").arg(i + 1).arg(sub->windowTitle()));
-            a->setProperty("windowList", true);
-            a->setCheckable(true);
-            a->setChecked(sub == mdi_->activeSubWindow());
-            connect(a, &QAction::triggered, this, [this, sub] {
-                if (sub) mdi_->setActiveSubWindow(sub);
-            });
-        }
-    });
+    connect(window, &QMenu::aboutToShow, this, Guarded(ctx_.dialogs, [this, window] {
+                for (QAction* a : window->actions()) {
+                    if (!a->property("windowList").toBool()) continue;
+                    window->removeAction(a);
+                    a->deleteLater();
+                }
+                const auto subs = mdi_->subWindowList();
+                if (subs.isEmpty()) return;
+                QAction* bar = window->addSeparator();
+                bar->setProperty("windowList", true);
+                for (int i = 0; i < subs.size(); ++i) {
+                    QPointer<QMdiSubWindow> sub = subs[i];
+                    QAction* a =
+                        window->addAction(QString("&%1 %2").arg(i + 1).arg(sub->windowTitle()));
+                    a->setProperty("windowList", true);
+                    a->setCheckable(true);
+                    a->setChecked(sub == mdi_->activeSubWindow());
+                    connect(a, &QAction::triggered, this, Guarded(ctx_.dialogs, [this, sub] {
+                                if (sub) mdi_->setActiveSubWindow(sub);
+                            }));
+                }
+            }));
 
     for (const char* view : {"mnuViewToolbar", "mnuViewStatusBar"}) {
         command(view)->setCheckable(true);
@@ -224,12 +226,12 @@ void FrmMain::buildMenus() {
     f1->setShortcutContext(Qt::ApplicationShortcut);
     addAction(f1);
     command("mnuHelpContents")->setShortcut(QKeySequence());
-    connect(f1, &QAction::triggered, this, [this] {
-        QMdiSubWindow* sub = mdi_->activeSubWindow();
-        QString name;
-        if (sub && sub->widget()) name = sub->widget()->property("screenName").toString();
-        showHelp(name);
-    });
+    connect(f1, &QAction::triggered, this, Guarded(ctx_.dialogs, [this] {
+                QMdiSubWindow* sub = mdi_->activeSubWindow();
+                QString name;
+                if (sub && sub->widget()) name = sub->widget()->property("screenName").toString();
+                showHelp(name);
+            }));
 }
 
 void FrmMain::buildToolbar() {
@@ -270,20 +272,23 @@ void FrmMain::applyPlacement() {
 
 void FrmMain::closeEvent(QCloseEvent* event) {
     // Children first: an editor with unsaved changes may ask, and may stay open.
-    mdi_->closeAllSubWindows();
+    RunCommand(ctx_.dialogs, [this] { mdi_->closeAllSubWindows(); });
     if (!mdi_->subWindowList().isEmpty()) {
         event->ignore();
         return;
     }
-    MainPlacement p;
-    p.windowState = isMinimized()   ? kWindowMinimized
-                    : isMaximized() ? kWindowMaximized
-                                    : kWindowNormal;
-    p.left = PixelsToTwips(pos().x());
-    p.top = PixelsToTwips(pos().y());
-    p.width = PixelsToTwips(width());
-    p.height = PixelsToTwips(height());
-    SaveMainPlacement(ctx_.settings, p);
+    // A placement that cannot be kept is reported and does not keep the program open.
+    RunCommand(ctx_.dialogs, [this] {
+        MainPlacement p;
+        p.windowState = isMinimized()   ? kWindowMinimized
+                        : isMaximized() ? kWindowMaximized
+                                        : kWindowNormal;
+        p.left = PixelsToTwips(pos().x());
+        p.top = PixelsToTwips(pos().y());
+        p.width = PixelsToTwips(width());
+        p.height = PixelsToTwips(height());
+        SaveMainPlacement(ctx_.settings, p);
+    });
     event->accept();
 }
 
@@ -355,7 +360,11 @@ QMdiSubWindow* FrmMain::subWindowOf(QWidget* child) const {
 }
 
 void FrmMain::runCommand(const std::string& control, int index) {
-    if (const CommandEntry* e = FindCommand(control, index)) handle(*e);
+    if (const CommandEntry* e = FindCommand(control, index)) dispatch(*e);
+}
+
+void FrmMain::dispatch(const CommandEntry& e) {
+    RunCommand(ctx_.dialogs, [&] { handle(e); });
 }
 
 void FrmMain::handle(const CommandEntry& e) {
@@ -434,14 +443,10 @@ void FrmMain::handle(const CommandEntry& e) {
 }
 
 void FrmMain::openScreen(const CommandEntry& e) {
-    try {
-        if (e.gated() &&
-            !GateCheck(ctx_.settings, ctx_.dialogs, e.requiredKind, e.gateTitle, e.gateText))
-            return;
-        showScreen(e.screen);
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
-    }
+    if (e.gated() &&
+        !GateCheck(ctx_.settings, ctx_.dialogs, e.requiredKind, e.gateTitle, e.gateText))
+        return;
+    showScreen(e.screen);
 }
 
 QWidget* FrmMain::showScreen(const std::string& name) {
@@ -507,17 +512,13 @@ void FrmMain::fileNew() {
     if (code == "SPC" &&
         !ctx_.dialogs.askYesNo(kSpeciesWarningText, kSpeciesWarningTitle, Icon::Warning))
         return;
-    try {
-        if (!CopyTemplate(*path, programFolder_.toStdString())) {
-            const std::string templ = TemplatePathOf(*kind, programFolder_.toStdString());
-            ctx_.dialogs.notify({TemplateMissingText(templ, *path), kFileNotFoundTitle, Buttons::Ok,
-                                 Icon::Warning});
-            return;
-        }
-        openEditor(code, *path, false);
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
+    if (!CopyTemplate(*path, programFolder_.toStdString())) {
+        const std::string templ = TemplatePathOf(*kind, programFolder_.toStdString());
+        ctx_.dialogs.notify(
+            {TemplateMissingText(templ, *path), kFileNotFoundTitle, Buttons::Ok, Icon::Warning});
+        return;
     }
+    openEditor(code, *path, false);
 }
 
 void FrmMain::fileOpen() {
@@ -533,11 +534,7 @@ void FrmMain::fileOpen() {
     command("mnuFileSaveAs")->setEnabled(true);
     const FileKind* kind = KindOfFile(*path);
     if (!kind) return;  // any other extension does nothing
-    try {
-        openEditor(kind->code, *path, true);
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
-    }
+    openEditor(kind->code, *path, true);
 }
 
 void FrmMain::fileSave() {

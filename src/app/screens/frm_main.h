@@ -44,7 +44,8 @@ class FrmMain : public QMainWindow {
     // The toolbar button with this key ("New" ... "Help").
     QAction* toolbarButton(const std::string& key) const;
 
-    // Runs the handler of a command as its menu entry would (whether enabled or not).
+    // Runs the handler of a command as its menu entry would (whether enabled or not), through
+    // the command boundary: a failure ends it with its report and the window carries on.
     void runCommand(const std::string& control, int index = -1);
 
     // The editor of the active child, or null when none or when a screen is in front.
@@ -71,6 +72,8 @@ class FrmMain : public QMainWindow {
     void applyPlacement();
     void refreshBuiltState();
     void onChildActivated(QMdiSubWindow* sub);
+    // The one way in for every menu entry, popup entry and toolbar button.
+    void dispatch(const CommandEntry& entry);
     void handle(const CommandEntry& entry);
     void openScreen(const CommandEntry& entry);
     QWidget* showScreen(const std::string& name);

@@ -8,6 +8,7 @@
 #include "app/shell_texts.h"
 #include "app/version.h"
 #include "base/settings_store.h"
+#include "widgets/command_boundary.h"
 
 namespace norvo::gui {
 
@@ -54,7 +55,8 @@ FrmSplash::FrmSplash(std::function<void()> loadMain, int delayMs, QWidget* paren
 }
 
 void FrmSplash::onTimer() {
-    if (loadMain_) loadMain_();
+    // The splash closes whatever becomes of the main window.
+    if (loadMain_) RunCommand(loadMain_);
     close();
 }
 

@@ -12,11 +12,11 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
-#include "base/error_report.h"
 #include "base/format.h"
 #include "data/lfq_file.h"
 #include "plot/render/canvas_renderer.h"
 #include "widgets/calc_form.h"
+#include "widgets/command_boundary.h"
 #include "widgets/output_screen.h"
 
 namespace norvo::gui {
@@ -50,7 +50,7 @@ FrmLmax::FrmLmax(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_(ctx
 
     auto* fileRow = new QHBoxLayout;
     auto* open = MakeButton(kLmaxCmdOpen, "cmdOpen", this);
-    connect(open, &QPushButton::clicked, this, [this] { cmdOpen(); });
+    connect(open, &QPushButton::clicked, this, Guarded(ctx_.dialogs, [this] { cmdOpen(); }));
     txtFile = new QLineEdit(this);
     txtFile->setObjectName("txtFile");
     txtFile->setReadOnly(true);
@@ -96,9 +96,11 @@ FrmLmax::FrmLmax(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_(ctx
 
     cmdPrintButton = MakeButton(kCalcPrint, "cmdPrint", this);
     cmdPrintButton->setEnabled(false);
-    connect(cmdPrintButton, &QPushButton::clicked, this, [this] { cmdPrint(); });
+    connect(cmdPrintButton, &QPushButton::clicked, this,
+            Guarded(ctx_.dialogs, [this] { cmdPrint(); }));
     auto* close = MakeButton(kCalcClose, "cmdClose", this);
-    connect(close, &QPushButton::clicked, this, [this] { CloseScreen(this); });
+    connect(close, &QPushButton::clicked, this,
+            Guarded(ctx_.dialogs, [this] { CloseScreen(this); }));
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cmdPrintButton);
@@ -112,52 +114,40 @@ FrmLmax::FrmLmax(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_(ctx
 }
 
 void FrmLmax::cmdOpen() {
-    try {
-        FileDialogOptions o;
-        o.title = kLmaxOpenTitle;
-        o.filter = kLmaxOpenFilter;
-        o.defaultExtension = "lfq";
-        o.mustExist = true;
-        const auto path = ctx_.dialogs.openFile(o);
-        if (path) loadFile(Q(*path));
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
-    }
+    FileDialogOptions o;
+    o.title = kLmaxOpenTitle;
+    o.filter = kLmaxOpenFilter;
+    o.defaultExtension = "lfq";
+    o.mustExist = true;
+    const auto path = ctx_.dialogs.openFile(o);
+    if (path) loadFile(Q(*path));
 }
 
 void FrmLmax::loadFile(const QString& path) {
-    try {
-        clearResults();
-        ctx_.session.readLfq(path.toStdString(), ctx_.dialogs);
-        if (ctx_.session.fileReadFailed) return;
-        txtFile->setText(path);
-        const LfqData& data = ctx_.session.lfqData;
-        const auto extremes = ExtremeLengths(data);
-        if (extremes.size() < 2) {
-            ctx_.dialogs.notify({kLmaxTooFewMessage, kLmaxTooFewTitle, Buttons::Ok, Icon::Warning});
-            return;
-        }
-        auto fit = GumbelFit(extremes);
-        if (!fit.ok) {
-            ctx_.dialogs.notify(
-                {kLmaxCalcErrorMessage, kLmaxCalcErrorTitle, Buttons::Ok, Icon::Critical});
-            return;
-        }
-        fit_ = std::move(fit);
-        data_ = data;
-        showResults(data.unitOfMeasurement);
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
+    clearResults();
+    ctx_.session.readLfq(path.toStdString(), ctx_.dialogs);
+    if (ctx_.session.fileReadFailed) return;
+    txtFile->setText(path);
+    const LfqData& data = ctx_.session.lfqData;
+    const auto extremes = ExtremeLengths(data);
+    if (extremes.size() < 2) {
+        ctx_.dialogs.notify({kLmaxTooFewMessage, kLmaxTooFewTitle, Buttons::Ok, Icon::Warning});
+        return;
     }
+    auto fit = GumbelFit(extremes);
+    if (!fit.ok) {
+        ctx_.dialogs.notify(
+            {kLmaxCalcErrorMessage, kLmaxCalcErrorTitle, Buttons::Ok, Icon::Critical});
+        return;
+    }
+    fit_ = std::move(fit);
+    data_ = data;
+    showResults(data.unitOfMeasurement);
 }
 
 void FrmLmax::cmdPrint() {
-    try {
-        if (!fit_) return;
-        PrintReport(LmaxReport(data_, *fit_), canvas_, ctx_.dialogs, ctx_.printer);
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
-    }
+    if (!fit_) return;
+    PrintReport(LmaxReport(data_, *fit_), canvas_, ctx_.dialogs, ctx_.printer);
 }
 
 void FrmLmax::clearResults() {
@@ -203,7 +193,7 @@ void FrmLmax::showPlot() {
 
 void FrmLmax::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    showPlot();
+    RunCommand(ctx_.dialogs, [this] { showPlot(); });
 }
 
 }  // namespace norvo::gui

@@ -26,6 +26,7 @@ class FrmLmax : public QWidget {
   public:
     explicit FrmLmax(ShellContext& ctx, QWidget* parent = nullptr);
 
+    // The commands behind the buttons, which run them through the command boundary.
     // Asks for a file and loads it.
     void cmdOpen();
     // Reads the file, fits the extremes and shows tables, results and plot. A file that can't

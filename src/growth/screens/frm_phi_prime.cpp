@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "base/error_report.h"
 #include "base/format.h"
 #include "widgets/calc_form.h"
 
@@ -29,24 +28,19 @@ FrmPhiPrime::FrmPhiPrime(ShellContext& ctx, QWidget* parent) : QWidget(parent), 
     formula->setObjectName("lblFormula");
     outForm->addRow(formula);
 
-    const auto buttons = AddCalcButtons(this, [this] { ComputeParameters(); });
+    const auto buttons = AddCalcButtons(this, ctx_.dialogs, [this] { ComputeParameters(); });
     cmdComputeButton = buttons.compute;
     LayOutCalculator(this, {inputs, indices}, buttons.row);
 }
 
 void FrmPhiPrime::ComputeParameters() {
-    try {
-        const auto r =
-            norvo::ComputeParameters({BoxValue(txtLoo), BoxValue(txtWoo), BoxValue(txtK)});
-        const auto shown = [](const std::optional<double>& v) {
-            return v ? QString::fromStdString(Format(*v, kPhiFormat)) : QString();
-        };
-        txtPhiPrime->setText(shown(r.phiPrime));
-        txtPhi->setText(shown(r.phi));
-        cmdComputeButton->setText(kCalcRecompute);
-    } catch (...) {
-        ReportDefect(ctx_.dialogs, DescribeCurrentFailure());
-    }
+    const auto r = norvo::ComputeParameters({BoxValue(txtLoo), BoxValue(txtWoo), BoxValue(txtK)});
+    const auto shown = [](const std::optional<double>& v) {
+        return v ? QString::fromStdString(Format(*v, kPhiFormat)) : QString();
+    };
+    txtPhiPrime->setText(shown(r.phiPrime));
+    txtPhi->setText(shown(r.phi));
+    cmdComputeButton->setText(kCalcRecompute);
 }
 
 }  // namespace norvo::gui

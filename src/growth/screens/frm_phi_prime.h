@@ -18,7 +18,8 @@ class FrmPhiPrime : public QWidget {
   public:
     explicit FrmPhiPrime(ShellContext& ctx, QWidget* parent = nullptr);
 
-    // Shows each index whose size and K are above 0 and leaves the other empty.
+    // Shows each index whose size and K are above 0 and leaves the other empty. The Compute
+    // button runs it through the command boundary.
     void ComputeParameters();
 
     QLineEdit* txtLoo = nullptr;
