@@ -8,6 +8,7 @@
 #include "base/basic.h"
 #include "base/checked.h"
 #include "base/fault.h"
+#include "base/settings_store.h"
 #include "data/data_store.h"
 
 namespace norvo {
@@ -220,7 +221,7 @@ ReadResult<LfqData> ReadLFQ(const std::string& path) {
     }
 }
 
-LfqHeader ReadLfqHeader(const std::string& path, DialogService& dialogs) {
+ReadResult<LfqHeader> ReadLfqHeader(const std::string& path) {
     LfqHeader h;
     double maxMid = 0;
     bool anyMeasure = false;
@@ -228,8 +229,7 @@ LfqHeader ReadLfqHeader(const std::string& path, DialogService& dialogs) {
         DataStore store = DataStore::open(path);
         Records header = store.openRecords("SELECT * FROM [Grouped_LF]");
         if (header.endOfRecords()) {
-            dialogs.inform(kFileEmptyText);
-            return LfqHeader{};
+            return ReadError{path, {kFileEmptyText, kAppTitle, Buttons::Ok, Icon::None}};
         }
         LfqData d;
         ReadHeaderFields(header, d);
@@ -260,8 +260,7 @@ LfqHeader ReadLfqHeader(const std::string& path, DialogService& dialogs) {
     } catch (const Fault&) {
         throw;
     } catch (const std::exception&) {
-        dialogs.notify({kCorruptedOrWrongFormat, kInvalidDataTitle, Buttons::Ok, Icon::Warning});
-        return LfqHeader{};
+        return InvalidDataError(path);
     }
     if (anyMeasure) {
         h.noOfClasses = CLng(Fix(Div(maxMid - h.smallestMl, h.classInterval)) + 1);
@@ -281,29 +280,11 @@ std::vector<LfqSample> ReadSampleHeaders(const std::string& path) {
 }
 
 void WriteSampleHeaders(const std::string& path, const std::vector<LfqSample>& samples) {
-    DataStore store = DataStore::open(path);
-    store.beginTransaction();
-    try {
-        WriteSampleRecords(store, samples);
-        store.commit();
-    } catch (...) {
-        store.rollback();
-        throw;
-    }
-    store.close();
+    SaveInTransaction(path, [&](DataStore& store) { WriteSampleRecords(store, samples); });
 }
 
 void WriteLfqHeader(const std::string& path, const LfqHeader& header) {
-    DataStore store = DataStore::open(path);
-    store.beginTransaction();
-    try {
-        WriteHeaderRecord(store, header);
-        store.commit();
-    } catch (...) {
-        store.rollback();
-        throw;
-    }
-    store.close();
+    SaveInTransaction(path, [&](DataStore& store) { WriteHeaderRecord(store, header); });
 }
 
 void WriteLfqFile(const std::string& path, const LfqHeader& header,
@@ -313,9 +294,7 @@ void WriteLfqFile(const std::string& path, const LfqHeader& header,
     for (const auto& row : freq) {
         if (row.size() != nSamples) throw SubscriptFault("WriteLfqFile");
     }
-    DataStore store = DataStore::open(path);
-    store.beginTransaction();
-    try {
+    SaveInTransaction(path, [&](DataStore& store) {
         WriteHeaderRecord(store, header);
         if (!samples.empty()) WriteSampleRecords(store, samples);
         store.execute(std::string("DELETE * FROM [") + kTableGlfMeasures + "];");
@@ -331,12 +310,7 @@ void WriteLfqFile(const std::string& path, const LfqHeader& header,
             }
         }
         rs.close();
-        store.commit();
-    } catch (...) {
-        store.rollback();
-        throw;
-    }
-    store.close();
+    });
 }
 
 void WriteDatesOnly(const std::string& path, const std::vector<std::string>& dates) {
@@ -364,9 +338,7 @@ void WriteDatesOnly(const std::string& path, const std::vector<std::string>& dat
         s.samplingYear = parts[2];
         samples.push_back(s);
     }
-    DataStore store = DataStore::open(path);
-    store.beginTransaction();
-    try {
+    SaveInTransaction(path, [&](DataStore& store) {
         store.execute(std::string("DELETE * FROM [") + kTableSampleLf + "];");
         Records rs = store.openRecords(kTableSampleLf);
         for (const LfqSample& s : samples) {
@@ -378,12 +350,7 @@ void WriteDatesOnly(const std::string& path, const std::vector<std::string>& dat
             rs.update();
         }
         rs.close();
-        store.commit();
-    } catch (...) {
-        store.rollback();
-        throw;
-    }
-    store.close();
+    });
 }
 
 std::string FormatSampleDate(int day, int month, int year) {

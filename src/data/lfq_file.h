@@ -9,7 +9,6 @@
 #include <string>
 #include <vector>
 
-#include "base/user_notice.h"
 #include "data/lfq_data.h"
 #include "data/read_result.h"
 #include "data/store_routines.h"
@@ -28,9 +27,9 @@ inline constexpr const char* kFileEmptyText = "File empty or corrupted. Please c
 ReadResult<LfqData> ReadLFQ(const std::string& path);
 
 // The header of any file, without touching the session. The class count is taken from the
-// largest midlength. A file without a header record shows kFileEmptyText and returns an empty
-// header; an unreadable file shows the "Invalid Data" notice and returns an empty header.
-LfqHeader ReadLfqHeader(const std::string& path, DialogService& dialogs);
+// largest midlength. A file without a header record gives the kFileEmptyText read error, an
+// unreadable file the "Invalid Data" one.
+ReadResult<LfqHeader> ReadLfqHeader(const std::string& path);
 
 // All Sample_LF records in key order. Throws StoreError when the file cannot be read.
 std::vector<LfqSample> ReadSampleHeaders(const std::string& path);

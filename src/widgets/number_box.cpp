@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <limits>
 #include <string>
 
 #include "base/checked.h"
@@ -25,6 +26,20 @@ std::optional<double> BoxNumber(const QLineEdit* box) {
 
 std::optional<double> BoxNumber(const QComboBox* box) {
     return ParseBoxText(box->currentText());
+}
+
+double NumberOrNaN(const QString& text) {
+    constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+    if (text.trimmed().isEmpty()) return kNaN;
+    try {
+        return ParseBoxText(text).value_or(kNaN);
+    } catch (const ArithmeticFault&) {
+        return kNaN;  // beyond the range of a double
+    }
+}
+
+double NumberOrNaN(const QLineEdit* box) {
+    return NumberOrNaN(box->text());
 }
 
 double BoxDouble(const QLineEdit* box) {

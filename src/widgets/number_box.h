@@ -16,6 +16,10 @@ namespace norvo::gui {
 std::optional<double> ParseBoxText(const QString& text);
 std::optional<double> BoxNumber(const QLineEdit* box);
 std::optional<double> BoxNumber(const QComboBox* box);
+// The number in a text that must hold one: NaN when it is blank or not a number, so that a
+// check that wants finite values refuses it.
+double NumberOrNaN(const QString& text);
+double NumberOrNaN(const QLineEdit* box);
 
 // The number in a box where any text must be a number: text that is not one is a
 // ConversionFault, as the classic conversion raises. Single stores round to 32 bits.

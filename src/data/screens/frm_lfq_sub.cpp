@@ -14,17 +14,16 @@
 #include "base/checked.h"
 #include "data/data_store.h"
 #include "data/lfq_file.h"
-#include "numerics/text_convert.h"
+#include "widgets/command_boundary.h"
+#include "widgets/number_box.h"
 
 namespace norvo::gui {
 
 namespace {
 
 // An empty or unreadable numeric box stores 0.
-float BoxNumber(const QLineEdit* box) {
-    double v = 0;
-    if (!ParseNumber(box->text().trimmed().toStdString(), v)) return 0.0f;
-    return R4(v);
+float StoredNumber(const QLineEdit* box) {
+    return R4(BoxNumber(box).value_or(0.0));
 }
 
 QString FieldText(const Records& rs, const char* field) {
@@ -133,8 +132,8 @@ FrmLfqSub::FrmLfqSub(const std::string& path, int sampleNo, DialogService& dialo
     cancelButton->setObjectName("cmdLFQ_1");
     okButton->setAutoDefault(false);
     cancelButton->setAutoDefault(false);
-    connect(okButton, &QPushButton::clicked, this, &FrmLfqSub::ok);
-    connect(cancelButton, &QPushButton::clicked, this, &FrmLfqSub::cancel);
+    connect(okButton, &QPushButton::clicked, this, Guarded(dialogs_, [this] { ok(); }));
+    connect(cancelButton, &QPushButton::clicked, this, Guarded(dialogs_, [this] { cancel(); }));
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(okButton);
@@ -224,18 +223,18 @@ LfqSample FrmLfqSub::sampleFromBoxes() const {
     s.area = txtArea_->text().toStdString();
     s.latitude = txtLatitude_->text().toStdString();
     s.longitude = txtLongitude_->text().toStdString();
-    s.depth = BoxNumber(txtDepth_);
+    s.depth = StoredNumber(txtDepth_);
     s.bottomType = cmbBottom_->currentText().toStdString();
-    s.lwA = BoxNumber(txtLwA_);
-    s.lwB = BoxNumber(txtLwB_);
+    s.lwA = StoredNumber(txtLwA_);
+    s.lwB = StoredNumber(txtLwB_);
     s.catchType = txtCatchType_->text().toStdString();
-    s.wtSample = BoxNumber(txtWtSample_);
-    s.twtSpecies = BoxNumber(txtTwtSpecies_);
-    s.twtCatch = BoxNumber(txtTwtCatch_);
-    s.effort = BoxNumber(txtEffort_);
+    s.wtSample = StoredNumber(txtWtSample_);
+    s.twtSpecies = StoredNumber(txtTwtSpecies_);
+    s.twtCatch = StoredNumber(txtTwtCatch_);
+    s.effort = StoredNumber(txtEffort_);
     s.vessel = txtVessel_->text().toStdString();
     s.gearType = txtGearType_->text().toStdString();
-    s.meshSize = BoxNumber(txtMeshSize_);
+    s.meshSize = StoredNumber(txtMeshSize_);
     s.gearCharacteristics = txtGearChar_->text().toStdString();
     s.remarks = txtRemarks_->text().toStdString();
     return s;
