@@ -283,6 +283,32 @@ void WriteSampleHeaders(const std::string& path, const std::vector<LfqSample>& s
     SaveInTransaction(path, [&](DataStore& store) { WriteSampleRecords(store, samples); });
 }
 
+void WriteSampleHeader(const std::string& path, const LfqSample& sample) {
+    SaveInTransaction(path, [&](DataStore& store) {
+        Records rs = store.openRecords("SELECT * FROM [Sample_LF] ORDER BY [Sample_LF].[SampleNo]");
+        while (!rs.endOfRecords() && AsInteger(rs.getField("SampleNo")) != sample.sampleNo)
+            rs.moveNext();
+        if (rs.endOfRecords()) {
+            rs.addNew();
+        } else {
+            rs.edit();
+        }
+        if (sample.samplingDay > 0) SampleToRecord(sample, rs);
+        rs.update();
+        rs.close();
+    });
+}
+
+void DeleteSampleHeader(const std::string& path, int sampleNo) {
+    SaveInTransaction(path, [&](DataStore& store) {
+        const std::string no = std::to_string(sampleNo);
+        store.execute(std::string("DELETE * FROM [") + kTableSampleLf +
+                      "] WHERE [SampleNo] = " + no);
+        store.execute(std::string("UPDATE [") + kTableSampleLf +
+                      "] SET [SampleNo]=([SampleNo] - 1) WHERE ([SampleNo] > " + no + ")");
+    });
+}
+
 void WriteLfqHeader(const std::string& path, const LfqHeader& header) {
     SaveInTransaction(path, [&](DataStore& store) { WriteHeaderRecord(store, header); });
 }

@@ -36,6 +36,12 @@ std::vector<LfqSample> ReadSampleHeaders(const std::string& path);
 // Replaces every Sample_LF record by `samples`, written in the given order.
 void WriteSampleHeaders(const std::string& path, const std::vector<LfqSample>& samples);
 
+// Writes one sample's record (all fields), replacing the record of its SampleNo or adding one.
+// A sample without a sampling day leaves the fields of the record as they are.
+void WriteSampleHeader(const std::string& path, const LfqSample& sample);
+// Deletes the record of sample `sampleNo` and moves the later samples down by one.
+void DeleteSampleHeader(const std::string& path, int sampleNo);
+
 // The 23 fields of Sample_LF, one routine for each direction. Null fields read as empty/0.
 LfqSample SampleFromRecord(const Records& rs);
 void SampleToRecord(const LfqSample& sample, Records& rs);

@@ -202,6 +202,27 @@ TEST(LfqFile, DatesOnlyReplacesTheSampleHeaders) {
     EXPECT_THROW(WriteDatesOnly(path, {"7-2-1995"}), ConversionFault);
 }
 
+TEST(LfqFile, OneSampleHeaderIsReplacedAddedOrDeletedWithTheLaterOnesMovingDown) {
+    TempDir dir;
+    const std::string path = NewLfq(dir);
+    WriteSampleHeaders(path,
+                       {SampleOn(1, 1, 1, 2000), SampleOn(2, 2, 2, 2000), SampleOn(3, 3, 3, 2000)});
+    LfqSample second = SampleOn(2, 9, 9, 2009);
+    second.area = "North";
+    WriteSampleHeader(path, second);
+    WriteSampleHeader(path, SampleOn(4, 4, 4, 2004));
+    DeleteSampleHeader(path, 1);
+    const auto s = ReadSampleHeaders(path);
+    ASSERT_EQ(s.size(), 3u);
+    EXPECT_EQ(s[0].sampleNo, 1);
+    EXPECT_EQ(s[0].samplingDay, 9);
+    EXPECT_EQ(s[0].area, "North");
+    EXPECT_EQ(s[1].sampleNo, 2);
+    EXPECT_EQ(s[1].samplingDay, 3);
+    EXPECT_EQ(s[2].sampleNo, 3);
+    EXPECT_EQ(s[2].samplingYear, 2004);
+}
+
 TEST(LfqFile, SampleDates) {
     EXPECT_EQ(FormatSampleDate(5, 1, 1998), "05/01/1998");
     EXPECT_EQ(FormatSampleDate(31, 12, 950), "31/12/0950");

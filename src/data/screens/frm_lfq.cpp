@@ -331,11 +331,7 @@ void FrmLfq::DeleteCol(int column) {
     const std::string path = filePath().toStdString();
     try {
         // The file's sample headers follow at once; the measures wait for a save.
-        DeleteWhere(path, kTableSampleLf, {"SampleNo"}, {"="}, {std::to_string(column)});
-        DataStore store = DataStore::open(path);
-        store.execute("UPDATE [Sample_LF] SET [SampleNo]=([SampleNo] - 1) WHERE ([SampleNo] > " +
-                      std::to_string(column) + ")");
-        store.close();
+        DeleteSampleHeader(path, column);
     } catch (const StoreError&) {
         ctx_.dialogs.notify(
             {kCorruptedOrWrongFormat, kInvalidDataTitle, Buttons::Ok, Icon::Warning});

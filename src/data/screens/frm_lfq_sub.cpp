@@ -241,26 +241,7 @@ LfqSample FrmLfqSub::sampleFromBoxes() const {
 }
 
 void FrmLfqSub::SaveData() {
-    const LfqSample s = sampleFromBoxes();
-    DataStore store = DataStore::open(path_);
-    Records rs = store.openRecords("SELECT * FROM [Sample_LF] ORDER BY [Sample_LF].[SampleNo]");
-    // Walk to this sample's record; add one when there is none.
-    bool found = false;
-    for (; !rs.endOfRecords(); rs.moveNext()) {
-        if (AsInteger(rs.getField("SampleNo")) == sampleNo_) {
-            found = true;
-            break;
-        }
-    }
-    if (found) {
-        rs.edit();
-    } else {
-        rs.addNew();
-    }
-    if (s.samplingDay > 0) SampleToRecord(s, rs);
-    rs.update();
-    rs.close();
-    store.close();
+    WriteSampleHeader(path_, sampleFromBoxes());
 }
 
 void FrmLfqSub::ok() {
