@@ -62,4 +62,8 @@ void SetBoxNumber(QLineEdit* box, double value, std::string_view pattern) {
     box->setText(NumberText(value, pattern));
 }
 
+QString SingleText(float value) {
+    return QString::number(value, 'g', 7).replace(QChar('.'), QChar(DecimalSeparator()));
+}
+
 }  // namespace norvo::gui

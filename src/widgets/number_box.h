@@ -30,5 +30,8 @@ float BoxSingle(const QComboBox* box);
 // A value in a display pattern ("0.00", "#0.000") with the locale's decimal separator.
 QString NumberText(double value, std::string_view pattern);
 void SetBoxNumber(QLineEdit* box, double value, std::string_view pattern);
+// A stored 32-bit value in its shortest form (at most 7 significant digits), with the locale's
+// decimal separator.
+QString SingleText(float value);
 
 }  // namespace norvo::gui

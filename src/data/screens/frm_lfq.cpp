@@ -461,8 +461,8 @@ void FrmLfq::OpenFile() {
         }
         smallestMl_ = AsFloat(header.getField("Smallest_ML"));
         classInterval_ = AsFloat(header.getField("Class_Interval"));
-        txtLFQ_[2]->setText(QString::number(smallestMl_, 'g', 7));
-        txtLFQ_[3]->setText(QString::number(classInterval_, 'g', 7));
+        txtLFQ_[2]->setText(SingleText(smallestMl_));
+        txtLFQ_[3]->setText(SingleText(classInterval_));
         rtxtLFQ_->setPlainText(QString::fromStdString(AsText(header.getField("Remarks"))));
         header.close();
 

@@ -30,7 +30,7 @@ QString FieldText(const Records& rs, const char* field) {
     const FieldValue v = rs.getField(field);
     if (IsNull(v)) return {};
     if (std::holds_alternative<double>(v)) {
-        return QString::number(static_cast<float>(std::get<double>(v)), 'g', 7);
+        return SingleText(static_cast<float>(std::get<double>(v)));
     }
     return QString::fromStdString(AsText(v));
 }

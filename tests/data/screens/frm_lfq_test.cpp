@@ -20,6 +20,7 @@
 #include "data/lfq_file.h"
 #include "data/screens/frm_lfq_sub.h"
 #include "data/screens/frm_tip1.h"
+#include "numerics/text_convert.h"
 #include "support/lfq_fixtures.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
@@ -267,6 +268,29 @@ TEST_F(LfqEditorTest, SubheaderRefusesAnInvalidDateAndWritesNothing) {
     FrmLfqSub back(path, 1, dialogs, session.numericKeys);
     EXPECT_EQ(back.dayBox()->currentText(), "30");
     EXPECT_EQ(back.yearBox()->text(), "2001");
+}
+
+// With a comma separator the stored numbers come back into the boxes as the user types them,
+// so that reopening and saving keeps them.
+TEST_F(LfqEditorTest, StoredNumbersSurviveACommaSeparator) {
+    struct Comma {
+        Comma() { SetDecimalSeparator(','); }
+        ~Comma() { ResetDecimalSeparator(); }
+    } comma;
+    const std::string path = savedFile(1, 3);
+    LfqSample s = test::SampleOn(1, 1, 1, 2001);
+    s.depth = 12.5f;
+    WriteSampleHeader(path, s);
+    FrmLfqSub sub(path, 1, dialogs, session.numericKeys);
+    EXPECT_EQ(sub.findChild<QLineEdit*>("txtDepth")->text(), "12,5");
+    EXPECT_EQ(sub.sampleFromBoxes().depth, 12.5f);
+
+    auto ed = editorOn(path);
+    ed->OpenFile();
+    EXPECT_EQ(ed->txtLFQ(2)->text(), "7,5");
+    ed->SaveFile();
+    EXPECT_TRUE(dialogs.shown.empty()) << dialogs.last().text;
+    EXPECT_EQ(ReadLfqHeader(path)->smallestMl, 7.5f);
 }
 
 TEST_F(LfqEditorTest, SampleWithoutDateStopsTheSave) {
