@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cstdio>
 #include <exception>
+#include <map>
 
 #include "base/basic.h"
 #include "base/checked.h"
@@ -101,6 +103,14 @@ std::string Trim(const std::string& s) {
     if (b == std::string::npos) return {};
     const auto e = s.find_last_not_of(" \t");
     return s.substr(b, e - b + 1);
+}
+
+// Without leading and trailing white space of any kind.
+std::string TrimSpace(const std::string& s) {
+    auto space = [](unsigned char c) { return std::isspace(c) != 0; };
+    auto b = std::find_if_not(s.begin(), s.end(), space);
+    auto e = std::find_if_not(s.rbegin(), s.rend(), space).base();
+    return b < e ? std::string(b, e) : std::string();
 }
 
 }  // namespace
@@ -267,6 +277,64 @@ ReadResult<LfqHeader> ReadLfqHeader(const std::string& path) {
     }
     h.largestMl = (h.noOfClasses - 1) * h.classInterval + h.smallestMl;
     return h;
+}
+
+ReadResult<LfqSheet> ReadLfqSheet(const std::string& path) {
+    LfqSheet sheet;
+    try {
+        DataStore store = DataStore::open(path);
+        Records header = store.openRecords("SELECT * FROM [Grouped_LF]");
+        if (header.endOfRecords()) return InvalidDataError(path);
+        LfqData d;
+        ReadHeaderFields(header, d);
+        header.close();
+        LfqHeader& h = sheet.header;
+        h.speciesname = d.speciesname;
+        h.otherId = d.otherId;
+        h.unitOfMeasurement = d.unitOfMeasurement;
+        h.typeOfMeasurement = d.typeOfMeasurement;
+        h.remarks = d.remarks;
+        h.smallestMl = d.smallestMl;
+        h.classInterval = d.classInterval;
+        h.path = path;
+
+        Records measures = store.openRecords("SELECT * FROM [GLF_Measures]");
+        std::vector<std::pair<int64_t, double>> all;  // SampleNo, Frequency
+        for (; !measures.endOfRecords(); measures.moveNext()) {
+            all.emplace_back(AsInteger(measures.getField("SampleNo")),
+                             AsDouble(measures.getField("Frequency")));
+        }
+        measures.close();
+        while (sheet.rows < static_cast<int>(all.size()) &&
+               all[static_cast<size_t>(sheet.rows)].first == all.front().first) {
+            ++sheet.rows;
+        }
+        std::map<int64_t, size_t> columnOf;
+        for (const auto& [sampleNo, frequency] : all) {
+            auto [it, added] = columnOf.try_emplace(sampleNo, sheet.columns.size());
+            if (added) sheet.columns.emplace_back();
+            auto& column = sheet.columns[it->second];
+            if (static_cast<int>(column.size()) < sheet.rows) column.push_back(frequency);
+        }
+        for (auto& column : sheet.columns) column.resize(static_cast<size_t>(sheet.rows));
+
+        sheet.dates.assign(sheet.columns.size(), std::string());
+        Records samples =
+            store.openRecords("SELECT * FROM [Sample_LF] ORDER BY [Sample_LF].[SampleNo]");
+        for (; !samples.endOfRecords(); samples.moveNext()) {
+            const int64_t no = AsInteger(samples.getField("SampleNo"));
+            if (no < 1 || no > static_cast<int64_t>(sheet.columns.size())) continue;
+            sheet.dates[static_cast<size_t>(no - 1)] =
+                TrimSpace(AsText(samples.getField("Sampling_Day"))) + "/" +
+                TrimSpace(AsText(samples.getField("Sampling_Month"))) + "/" +
+                TrimSpace(AsText(samples.getField("Sampling_Year")));
+        }
+        samples.close();
+        store.close();
+    } catch (const std::exception&) {
+        return InvalidDataError(path);
+    }
+    return sheet;
 }
 
 std::vector<LfqSample> ReadSampleHeaders(const std::string& path) {

@@ -6,6 +6,7 @@
 // are stored sample by sample and, within a sample, by ascending midlength; ReadLFQ reads them
 // without ordering, so every writer keeps that order.
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,19 @@ ReadResult<LfqData> ReadLFQ(const std::string& path);
 // largest midlength. A file without a header record gives the kFileEmptyText read error, an
 // unreadable file the "Invalid Data" one.
 ReadResult<LfqHeader> ReadLfqHeader(const std::string& path);
+
+// A file as its editor shows it. The measures are taken in stored order: each new SampleNo
+// opens a column, the first sample's run of records gives the rows, and records of a column
+// beyond them are left out. dates[col] is the sampling date "d/m/y" of the Sample_LF record
+// whose SampleNo is col + 1, empty when there is none.
+struct LfqSheet {
+    LfqHeader header;                                         // the seven header fields
+    int rows = 0;                                             // 0 when there are no measures
+    std::vector<std::vector<std::optional<double>>> columns;  // columns[col][row]
+    std::vector<std::string> dates;
+};
+// Reads the sheet, or gives the "Invalid Data" read error (also for a file without a header).
+ReadResult<LfqSheet> ReadLfqSheet(const std::string& path);
 
 // All Sample_LF records in key order. Throws StoreError when the file cannot be read.
 std::vector<LfqSample> ReadSampleHeaders(const std::string& path);

@@ -184,6 +184,22 @@ TEST(LfqFile, HeaderReaderCountsClassesFromTheLargestMidlength) {
     EXPECT_EQ(unreadable.error().notice.title, "Invalid Data");
 }
 
+TEST(LfqFile, SheetHasAColumnPerSampleAndTheDatesBySampleNo) {
+    TempDir dir;
+    const std::string path = NewLfq(dir);
+    WriteLfqFile(path, SomeHeader(), {SampleOn(2, 5, 6, 1999)}, {{1, 4}, {2, 5}, {3, 6}});
+    const ReadResult<LfqSheet> sheet = ReadLfqSheet(path);
+    ASSERT_TRUE(sheet.ok());
+    EXPECT_EQ(sheet->header.speciesname, "Leiognathus splendens");
+    EXPECT_EQ(sheet->header.classInterval, 0.5);
+    EXPECT_EQ(sheet->rows, 3);
+    ASSERT_EQ(sheet->columns.size(), 2u);
+    EXPECT_EQ(sheet->columns[0][1], 2.0);
+    EXPECT_EQ(sheet->columns[1][2], 6.0);
+    EXPECT_EQ(sheet->dates, (std::vector<std::string>{"", "5/6/1999"}));  // no sample 1 record
+    EXPECT_FALSE(ReadLfqSheet(NewLfq(dir, "e.lfq")).ok());
+}
+
 TEST(LfqFile, DatesOnlyReplacesTheSampleHeaders) {
     TempDir dir;
     const std::string path = NewLfq(dir);

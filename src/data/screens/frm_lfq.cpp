@@ -445,83 +445,45 @@ void FrmLfq::applyOrder(const std::vector<int>& order) {
 }
 
 void FrmLfq::OpenFile() {
-    const std::string path = filePath().toStdString();
-    try {
-        DataStore store = DataStore::open(path);
-        Records header = store.openRecords("SELECT * FROM [Grouped_LF]");
-        if (header.endOfRecords()) throw StoreError("no header record");
-        txtLFQ_[0]->setText(QString::fromStdString(AsText(header.getField("Speciesname"))));
-        txtLFQ_[1]->setText(QString::fromStdString(AsText(header.getField("Other_ID"))));
-        const std::array<const char*, 2> comboFields = {"Unit_Of_Measurement",
-                                                        "Type_Of_Measurement"};
-        for (int i = 0; i < 2; ++i) {
-            const QString text = QString::fromStdString(AsText(header.getField(comboFields[i])));
-            if (cmbLFQ_[i]->findText(text) < 0) cmbLFQ_[i]->addItem(text);
-            cmbLFQ_[i]->setCurrentText(text);
-        }
-        smallestMl_ = AsFloat(header.getField("Smallest_ML"));
-        classInterval_ = AsFloat(header.getField("Class_Interval"));
-        txtLFQ_[2]->setText(SingleText(smallestMl_));
-        txtLFQ_[3]->setText(SingleText(classInterval_));
-        rtxtLFQ_->setPlainText(QString::fromStdString(AsText(header.getField("Remarks"))));
-        header.close();
-
-        // Measures in stored order: each new SampleNo is a new column, the first sample's run
-        // of records gives the rows.
-        Records measures = store.openRecords("SELECT * FROM [GLF_Measures]");
-        struct Measure {
-            int64_t sampleNo;
-            double frequency;
-        };
-        std::vector<Measure> all;
-        for (; !measures.endOfRecords(); measures.moveNext()) {
-            all.push_back({AsInteger(measures.getField("SampleNo")),
-                           AsDouble(measures.getField("Frequency"))});
-        }
-        const QSignalBlocker block(grdData_);
-        if (!all.empty()) {
-            int rows = 0;
-            while (rows < static_cast<int>(all.size()) && all[rows].sampleNo == all[0].sampleNo) {
-                ++rows;
-            }
-            grdData_->setMaxRows(rows);
-        }
-        std::map<int64_t, int> columnOf;
-        std::map<int64_t, int> rowOf;
-        for (const Measure& m : all) {
-            if (!columnOf.count(m.sampleNo)) {
-                grdData_->setMaxCols(grdData_->maxCols() + 1);
-                columnOf[m.sampleNo] = grdData_->maxCols() - 1;
-            }
-            const int row = rowOf[m.sampleNo]++;
-            if (row < grdData_->maxRows())
-                grdData_->setValue(row, columnOf[m.sampleNo], m.frequency);
-        }
-        measures.close();
-        updateSampleButtons();
-        UpdateClassMidlength();
-
-        Records samples =
-            store.openRecords("SELECT * FROM [Sample_LF] ORDER BY [Sample_LF].[SampleNo]");
-        for (; !samples.endOfRecords(); samples.moveNext()) {
-            const int64_t col = AsInteger(samples.getField("SampleNo"));
-            if (col < 1 || col > grdData_->maxCols()) continue;
-            grdData_->setColHeading(
-                static_cast<int>(col - 1),
-                QString::fromStdString(AsText(samples.getField("Sampling_Day"))).trimmed() + "/" +
-                    QString::fromStdString(AsText(samples.getField("Sampling_Month"))).trimmed() +
-                    "/" +
-                    QString::fromStdString(AsText(samples.getField("Sampling_Year"))).trimmed());
-        }
-        samples.close();
-        store.close();
-        grdData_->viewport()->update();
-        setSavedFlag(true);
-    } catch (const std::exception&) {
-        ctx_.dialogs.notify(
-            {kCorruptedOrWrongFormat, kInvalidDataTitle, Buttons::Ok, Icon::Warning});
+    const ReadResult<LfqSheet> read = ReadLfqSheet(path_.toStdString());
+    if (!read) {
+        ctx_.dialogs.notify(read.error().notice);
         unloadEditor();
+        return;
     }
+    const LfqSheet& sheet = *read;
+    const LfqHeader& h = sheet.header;
+    txtLFQ_[0]->setText(QString::fromStdString(h.speciesname));
+    txtLFQ_[1]->setText(QString::fromStdString(h.otherId));
+    const std::array<const std::string*, 2> comboTexts = {&h.unitOfMeasurement,
+                                                          &h.typeOfMeasurement};
+    for (int i = 0; i < 2; ++i) {
+        const QString text = QString::fromStdString(*comboTexts[i]);
+        if (cmbLFQ_[i]->findText(text) < 0) cmbLFQ_[i]->addItem(text);
+        cmbLFQ_[i]->setCurrentText(text);
+    }
+    smallestMl_ = static_cast<float>(h.smallestMl);
+    classInterval_ = static_cast<float>(h.classInterval);
+    txtLFQ_[2]->setText(SingleText(smallestMl_));
+    txtLFQ_[3]->setText(SingleText(classInterval_));
+    rtxtLFQ_->setPlainText(QString::fromStdString(h.remarks));
+
+    const QSignalBlocker block(grdData_);
+    if (sheet.rows > 0) grdData_->setMaxRows(sheet.rows);
+    grdData_->setMaxCols(static_cast<int>(sheet.columns.size()));
+    for (int c = 0; c < static_cast<int>(sheet.columns.size()); ++c) {
+        for (int r = 0; r < sheet.rows; ++r) {
+            if (const auto& v = sheet.columns[c][r]) grdData_->setValue(r, c, *v);
+        }
+    }
+    updateSampleButtons();
+    UpdateClassMidlength();
+    for (int c = 0; c < static_cast<int>(sheet.dates.size()); ++c) {
+        if (!sheet.dates[c].empty())
+            grdData_->setColHeading(c, QString::fromStdString(sheet.dates[c]));
+    }
+    grdData_->viewport()->update();
+    setSavedFlag(true);
 }
 
 void FrmLfq::SaveFileAs(const QString& path) {
