@@ -35,6 +35,7 @@
 #include "widgets/data_grid.h"
 #include "widgets/line_edit_box.h"
 #include "widgets/number_box.h"
+#include "widgets/wait_cursor.h"
 
 namespace norvo::gui {
 
@@ -48,17 +49,11 @@ constexpr int kSampleColumnChars = 10;
 constexpr double kClassMin = 0.25;
 constexpr double kClassMax = 999;
 
-// Midlength of row `row` (from 1), in 32-bit arithmetic as it is stored.
+// Midlength of row `row` (from 1) in 32-bit arithmetic, as the row headings show it.
 float RowMidlength(int row, float interval, float smallest) {
     const float product = static_cast<float>(row - 1) * interval;
     return product + smallest;
 }
-
-// Shows the wait cursor for the life of the object.
-struct WaitCursor {
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
 
 }  // namespace
 

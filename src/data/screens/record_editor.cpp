@@ -25,6 +25,7 @@
 #include "data/store_routines.h"
 #include "widgets/command_boundary.h"
 #include "widgets/data_grid.h"
+#include "widgets/wait_cursor.h"
 
 namespace norvo::gui {
 
@@ -35,11 +36,6 @@ constexpr int kColumnChars = 10;
 const char* const kMonthNames[] = {"January",   "February", "March",    "April",
                                    "May",       "June",     "July",     "August",
                                    "September", "October",  "November", "December"};
-
-struct WaitCursor {
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
 
 QString Decimals(double v, int decimals) {
     const std::string pattern = decimals > 0 ? "0." + std::string(decimals, '0') : "0";

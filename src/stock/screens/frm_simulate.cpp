@@ -21,6 +21,7 @@
 #include "stock/simulation_file.h"
 #include "widgets/command_boundary.h"
 #include "widgets/number_box.h"
+#include "widgets/wait_cursor.h"
 
 namespace norvo::gui {
 
@@ -32,12 +33,6 @@ int Whole(const QString& text) {
     if (!std::isfinite(v) || v != std::floor(v) || std::fabs(v) > 1e9) return -1;
     return static_cast<int>(v);
 }
-
-// Shows the wait cursor for the life of the object.
-struct WaitCursor {
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
 
 QTableWidget* MakeTable(QWidget* parent, const char* name, const QStringList& columns) {
     auto* t = new QTableWidget(0, static_cast<int>(columns.size()), parent);
