@@ -76,9 +76,9 @@ void RunSimulate(Context& ctx, SimulateOptions& o) {
     }
     for (const auto& a : o.areas) in.selection.push_back(ParseArea(a));
 
-    SimulationResult r;
-    if (!RunSimulation(in, o.stockPath, o.catchPath, ctx.programFolder, ctx.dialogs, &r))
-        ctx.refuseWithLastNotice();
+    const SimulationRun run = RunSimulation(in, o.stockPath, o.catchPath, ctx.programFolder);
+    ctx.take(run);
+    const SimulationResult& r = run.result;
 
     const auto ages = AgeDistSummary(r, in.yearClasses);
     const LengthFreqTable stock = LengthFreq(r, SimSet::Stock);
@@ -102,7 +102,6 @@ void RunSimulate(Context& ctx, SimulateOptions& o) {
                                     {"stock", StatsJson(stock.stats[s])},
                                     {"catch", StatsJson(catches.stats[s])}});
         }
-        for (const auto& n : ctx.dialogs.shown()) j["notices"].push_back(n.text);
         ctx.print(j);
         return;
     }

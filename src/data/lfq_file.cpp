@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cstdio>
 #include <exception>
+#include <map>
 
 #include "base/basic.h"
 #include "base/checked.h"
 #include "base/fault.h"
+#include "base/settings_store.h"
 #include "data/data_store.h"
 
 namespace norvo {
@@ -100,6 +103,14 @@ std::string Trim(const std::string& s) {
     if (b == std::string::npos) return {};
     const auto e = s.find_last_not_of(" \t");
     return s.substr(b, e - b + 1);
+}
+
+// Without leading and trailing white space of any kind.
+std::string TrimSpace(const std::string& s) {
+    auto space = [](unsigned char c) { return std::isspace(c) != 0; };
+    auto b = std::find_if_not(s.begin(), s.end(), space);
+    auto e = std::find_if_not(s.rbegin(), s.rend(), space).base();
+    return b < e ? std::string(b, e) : std::string();
 }
 
 }  // namespace
@@ -220,7 +231,7 @@ ReadResult<LfqData> ReadLFQ(const std::string& path) {
     }
 }
 
-LfqHeader ReadLfqHeader(const std::string& path, DialogService& dialogs) {
+ReadResult<LfqHeader> ReadLfqHeader(const std::string& path) {
     LfqHeader h;
     double maxMid = 0;
     bool anyMeasure = false;
@@ -228,8 +239,7 @@ LfqHeader ReadLfqHeader(const std::string& path, DialogService& dialogs) {
         DataStore store = DataStore::open(path);
         Records header = store.openRecords("SELECT * FROM [Grouped_LF]");
         if (header.endOfRecords()) {
-            dialogs.inform(kFileEmptyText);
-            return LfqHeader{};
+            return ReadError{path, {kFileEmptyText, kAppTitle, Buttons::Ok, Icon::None}};
         }
         LfqData d;
         ReadHeaderFields(header, d);
@@ -260,14 +270,71 @@ LfqHeader ReadLfqHeader(const std::string& path, DialogService& dialogs) {
     } catch (const Fault&) {
         throw;
     } catch (const std::exception&) {
-        dialogs.notify({kCorruptedOrWrongFormat, kInvalidDataTitle, Buttons::Ok, Icon::Warning});
-        return LfqHeader{};
+        return InvalidDataError(path);
     }
     if (anyMeasure) {
         h.noOfClasses = CLng(Fix(Div(maxMid - h.smallestMl, h.classInterval)) + 1);
     }
     h.largestMl = (h.noOfClasses - 1) * h.classInterval + h.smallestMl;
     return h;
+}
+
+ReadResult<LfqSheet> ReadLfqSheet(const std::string& path) {
+    LfqSheet sheet;
+    try {
+        DataStore store = DataStore::open(path);
+        Records header = store.openRecords("SELECT * FROM [Grouped_LF]");
+        if (header.endOfRecords()) return InvalidDataError(path);
+        LfqData d;
+        ReadHeaderFields(header, d);
+        header.close();
+        LfqHeader& h = sheet.header;
+        h.speciesname = d.speciesname;
+        h.otherId = d.otherId;
+        h.unitOfMeasurement = d.unitOfMeasurement;
+        h.typeOfMeasurement = d.typeOfMeasurement;
+        h.remarks = d.remarks;
+        h.smallestMl = d.smallestMl;
+        h.classInterval = d.classInterval;
+        h.path = path;
+
+        Records measures = store.openRecords("SELECT * FROM [GLF_Measures]");
+        std::vector<std::pair<int64_t, double>> all;  // SampleNo, Frequency
+        for (; !measures.endOfRecords(); measures.moveNext()) {
+            all.emplace_back(AsInteger(measures.getField("SampleNo")),
+                             AsDouble(measures.getField("Frequency")));
+        }
+        measures.close();
+        while (sheet.rows < static_cast<int>(all.size()) &&
+               all[static_cast<size_t>(sheet.rows)].first == all.front().first) {
+            ++sheet.rows;
+        }
+        std::map<int64_t, size_t> columnOf;
+        for (const auto& [sampleNo, frequency] : all) {
+            auto [it, added] = columnOf.try_emplace(sampleNo, sheet.columns.size());
+            if (added) sheet.columns.emplace_back();
+            auto& column = sheet.columns[it->second];
+            if (static_cast<int>(column.size()) < sheet.rows) column.push_back(frequency);
+        }
+        for (auto& column : sheet.columns) column.resize(static_cast<size_t>(sheet.rows));
+
+        sheet.dates.assign(sheet.columns.size(), std::string());
+        Records samples =
+            store.openRecords("SELECT * FROM [Sample_LF] ORDER BY [Sample_LF].[SampleNo]");
+        for (; !samples.endOfRecords(); samples.moveNext()) {
+            const int64_t no = AsInteger(samples.getField("SampleNo"));
+            if (no < 1 || no > static_cast<int64_t>(sheet.columns.size())) continue;
+            sheet.dates[static_cast<size_t>(no - 1)] =
+                TrimSpace(AsText(samples.getField("Sampling_Day"))) + "/" +
+                TrimSpace(AsText(samples.getField("Sampling_Month"))) + "/" +
+                TrimSpace(AsText(samples.getField("Sampling_Year")));
+        }
+        samples.close();
+        store.close();
+    } catch (const std::exception&) {
+        return InvalidDataError(path);
+    }
+    return sheet;
 }
 
 std::vector<LfqSample> ReadSampleHeaders(const std::string& path) {
@@ -281,31 +348,37 @@ std::vector<LfqSample> ReadSampleHeaders(const std::string& path) {
 }
 
 void WriteSampleHeaders(const std::string& path, const std::vector<LfqSample>& samples) {
-    const StoreSaving saving;
-    DataStore store = DataStore::open(path);
-    store.beginTransaction();
-    try {
-        WriteSampleRecords(store, samples);
-        store.commit();
-    } catch (...) {
-        store.rollback();
-        throw;
-    }
-    store.close();
+    SaveInTransaction(path, [&](DataStore& store) { WriteSampleRecords(store, samples); });
+}
+
+void WriteSampleHeader(const std::string& path, const LfqSample& sample) {
+    SaveInTransaction(path, [&](DataStore& store) {
+        Records rs = store.openRecords("SELECT * FROM [Sample_LF] ORDER BY [Sample_LF].[SampleNo]");
+        while (!rs.endOfRecords() && AsInteger(rs.getField("SampleNo")) != sample.sampleNo)
+            rs.moveNext();
+        if (rs.endOfRecords()) {
+            rs.addNew();
+        } else {
+            rs.edit();
+        }
+        if (sample.samplingDay > 0) SampleToRecord(sample, rs);
+        rs.update();
+        rs.close();
+    });
+}
+
+void DeleteSampleHeader(const std::string& path, int sampleNo) {
+    SaveInTransaction(path, [&](DataStore& store) {
+        const std::string no = std::to_string(sampleNo);
+        store.execute(std::string("DELETE * FROM [") + kTableSampleLf +
+                      "] WHERE [SampleNo] = " + no);
+        store.execute(std::string("UPDATE [") + kTableSampleLf +
+                      "] SET [SampleNo]=([SampleNo] - 1) WHERE ([SampleNo] > " + no + ")");
+    });
 }
 
 void WriteLfqHeader(const std::string& path, const LfqHeader& header) {
-    const StoreSaving saving;
-    DataStore store = DataStore::open(path);
-    store.beginTransaction();
-    try {
-        WriteHeaderRecord(store, header);
-        store.commit();
-    } catch (...) {
-        store.rollback();
-        throw;
-    }
-    store.close();
+    SaveInTransaction(path, [&](DataStore& store) { WriteHeaderRecord(store, header); });
 }
 
 void WriteLfqFile(const std::string& path, const LfqHeader& header,
@@ -316,9 +389,7 @@ void WriteLfqFile(const std::string& path, const LfqHeader& header,
     for (const auto& row : freq) {
         if (row.size() != nSamples) throw SubscriptFault("WriteLfqFile");
     }
-    DataStore store = DataStore::open(path);
-    store.beginTransaction();
-    try {
+    SaveInTransaction(path, [&](DataStore& store) {
         WriteHeaderRecord(store, header);
         if (!samples.empty()) WriteSampleRecords(store, samples);
         store.execute(std::string("DELETE * FROM [") + kTableGlfMeasures + "];");
@@ -334,12 +405,7 @@ void WriteLfqFile(const std::string& path, const LfqHeader& header,
             }
         }
         rs.close();
-        store.commit();
-    } catch (...) {
-        store.rollback();
-        throw;
-    }
-    store.close();
+    });
 }
 
 void WriteDatesOnly(const std::string& path, const std::vector<std::string>& dates) {
@@ -368,9 +434,7 @@ void WriteDatesOnly(const std::string& path, const std::vector<std::string>& dat
         s.samplingYear = parts[2];
         samples.push_back(s);
     }
-    DataStore store = DataStore::open(path);
-    store.beginTransaction();
-    try {
+    SaveInTransaction(path, [&](DataStore& store) {
         store.execute(std::string("DELETE * FROM [") + kTableSampleLf + "];");
         Records rs = store.openRecords(kTableSampleLf);
         for (const LfqSample& s : samples) {
@@ -382,12 +446,7 @@ void WriteDatesOnly(const std::string& path, const std::vector<std::string>& dat
             rs.update();
         }
         rs.close();
-        store.commit();
-    } catch (...) {
-        store.rollback();
-        throw;
-    }
-    store.close();
+    });
 }
 
 std::string FormatSampleDate(int day, int month, int year) {

@@ -6,10 +6,10 @@
 // are stored sample by sample and, within a sample, by ascending midlength; ReadLFQ reads them
 // without ordering, so every writer keeps that order.
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "base/user_notice.h"
 #include "data/lfq_data.h"
 #include "data/read_result.h"
 #include "data/store_routines.h"
@@ -28,14 +28,33 @@ inline constexpr const char* kFileEmptyText = "File empty or corrupted. Please c
 ReadResult<LfqData> ReadLFQ(const std::string& path);
 
 // The header of any file, without touching the session. The class count is taken from the
-// largest midlength. A file without a header record shows kFileEmptyText and returns an empty
-// header; an unreadable file shows the "Invalid Data" notice and returns an empty header.
-LfqHeader ReadLfqHeader(const std::string& path, DialogService& dialogs);
+// largest midlength. A file without a header record gives the kFileEmptyText read error, an
+// unreadable file the "Invalid Data" one.
+ReadResult<LfqHeader> ReadLfqHeader(const std::string& path);
+
+// A file as its editor shows it. The measures are taken in stored order: each new SampleNo
+// opens a column, the first sample's run of records gives the rows, and records of a column
+// beyond them are left out. dates[col] is the sampling date "d/m/y" of the Sample_LF record
+// whose SampleNo is col + 1, empty when there is none.
+struct LfqSheet {
+    LfqHeader header;                                         // the seven header fields
+    int rows = 0;                                             // 0 when there are no measures
+    std::vector<std::vector<std::optional<double>>> columns;  // columns[col][row]
+    std::vector<std::string> dates;
+};
+// Reads the sheet, or gives the "Invalid Data" read error (also for a file without a header).
+ReadResult<LfqSheet> ReadLfqSheet(const std::string& path);
 
 // All Sample_LF records in key order. Throws StoreError when the file cannot be read.
 std::vector<LfqSample> ReadSampleHeaders(const std::string& path);
 // Replaces every Sample_LF record by `samples`, written in the given order.
 void WriteSampleHeaders(const std::string& path, const std::vector<LfqSample>& samples);
+
+// Writes one sample's record (all fields), replacing the record of its SampleNo or adding one.
+// A sample without a sampling day leaves the fields of the record as they are.
+void WriteSampleHeader(const std::string& path, const LfqSample& sample);
+// Deletes the record of sample `sampleNo` and moves the later samples down by one.
+void DeleteSampleHeader(const std::string& path, int sampleNo);
 
 // The 23 fields of Sample_LF, one routine for each direction. Null fields read as empty/0.
 LfqSample SampleFromRecord(const Records& rs);

@@ -160,24 +160,25 @@ void RenumberKeys(const std::string& path, const std::string& table, const std::
     });
 }
 
-bool CheckRequired(const std::vector<RequiredBox>& boxes, DialogService& dialogs) {
+Outcome CheckRequired(const std::vector<RequiredBox>& boxes) {
+    Outcome out;
     std::vector<std::string> empty;
     for (const auto& b : boxes) {
         if (Trimmed(b.text).empty()) empty.push_back(b.toolTip);
     }
-    if (empty.empty()) return true;
+    if (empty.empty()) return out;
     if (empty.size() == 1) {
-        dialogs.inform("The field " + empty[0] + " is required. Please fill appropriate values.",
-                       kAppTitle, Icon::Information);
-        return false;
+        out.refuse("The field " + empty[0] + " is required. Please fill appropriate values.",
+                   kAppTitle, Icon::Information);
+        return out;
     }
     std::string names = empty[0];
     for (size_t i = 1; i < empty.size(); ++i) {
         names += (i + 1 == empty.size() ? " and " : ", ") + empty[i];
     }
-    dialogs.inform("The fields " + names + " are required. Please fill appropriate values.",
-                   kAppTitle, Icon::Information);
-    return false;
+    out.refuse("The fields " + names + " are required. Please fill appropriate values.", kAppTitle,
+               Icon::Information);
+    return out;
 }
 
 bool OfferDeleteEmptyFile(const std::string& path, int columnsWithData, DialogService& dialogs) {

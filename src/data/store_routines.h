@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/outcome.h"
 #include "base/user_notice.h"
 #include "data/data_store.h"
 
@@ -51,8 +52,8 @@ struct RequiredBox {
     std::string toolTip;
     std::string text;
 };
-// True when every box holds text; otherwise names the empty ones in one notice and gives false.
-bool CheckRequired(const std::vector<RequiredBox>& boxes, DialogService& dialogs);
+// Done when every box holds text; otherwise refused with one notice naming the empty ones.
+Outcome CheckRequired(const std::vector<RequiredBox>& boxes);
 
 // The decision of an editor about to save or close with an empty grid: asks whether to delete
 // the file and, on Yes, deletes it and says so. True when the file was deleted (the editor then

@@ -41,6 +41,33 @@ float FisherBack(double z) {
     return R4(Div(e - 1.0, e + 1.0));
 }
 
+// Sums and means of x and y over first..last, then the centred sums of squares and products,
+// each held in a 32-bit float rounded at every store.
+struct Moments {
+    float sumX = 0, sumY = 0;
+    float meanX = 0, meanY = 0;
+    float sxx = 0, syy = 0, sxy = 0;
+};
+
+Moments CentredMoments(std::span<const float> x, std::span<const float> y, int64_t first,
+                       int64_t last, double n) {
+    Moments m;
+    for (int64_t i = first; i <= last; ++i) {
+        m.sumX = R4(static_cast<double>(m.sumX) + At(x, i));
+        m.sumY = R4(static_cast<double>(m.sumY) + At(y, i));
+    }
+    m.meanX = R4(Div(m.sumX, n));
+    m.meanY = R4(Div(m.sumY, n));
+    for (int64_t i = first; i <= last; ++i) {
+        const double dx = static_cast<double>(At(x, i)) - m.meanX;
+        const double dy = static_cast<double>(At(y, i)) - m.meanY;
+        m.sxx = R4(m.sxx + Square(dx));
+        m.syy = R4(m.syy + Square(dy));
+        m.sxy = R4(m.sxy + dx * dy);
+    }
+    return m;
+}
+
 }  // namespace
 
 float& RegressionResult::operator[](int i) {
@@ -66,22 +93,7 @@ void LinearRegression(std::span<const float> x, std::span<const float> y, int32_
     const int64_t nl = static_cast<int64_t>(last) - first + 1;
     const double n = static_cast<double>(nl);
 
-    float sumX = 0, sumY = 0;
-    for (int64_t i = first; i <= last; ++i) {
-        sumX = R4(static_cast<double>(sumX) + At(x, i));
-        sumY = R4(static_cast<double>(sumY) + At(y, i));
-    }
-    const float meanX = R4(Div(sumX, n));
-    const float meanY = R4(Div(sumY, n));
-
-    float sxx = 0, syy = 0, sxy = 0;
-    for (int64_t i = first; i <= last; ++i) {
-        const double dx = static_cast<double>(At(x, i)) - meanX;
-        const double dy = static_cast<double>(At(y, i)) - meanY;
-        sxx = R4(sxx + Square(dx));
-        syy = R4(syy + Square(dy));
-        sxy = R4(sxy + dx * dy);
-    }
+    const auto [sumX, sumY, meanX, meanY, sxx, syy, sxy] = CentredMoments(x, y, first, last, n);
     const float sdX = R4(Sqrt(Div(sxx, n - 1.0)));
     const float sdY = R4(Sqrt(Div(syy, n - 1.0)));
 
@@ -162,22 +174,7 @@ void FunctionalRegression(std::span<const float> x, std::span<const float> y, in
     const double n = static_cast<double>(nl);
     result[RegressionResult::kN] = R4(n);
 
-    float sumX = 0, sumY = 0;
-    for (int32_t i = first; i <= last; ++i) {
-        sumX = R4(static_cast<double>(sumX) + At(x, i));
-        sumY = R4(static_cast<double>(sumY) + At(y, i));
-    }
-    const float meanX = R4(Div(sumX, n));
-    const float meanY = R4(Div(sumY, n));
-
-    float sxx = 0, syy = 0, sxy = 0;
-    for (int32_t i = first; i <= last; ++i) {
-        const double dx = static_cast<double>(At(x, i)) - meanX;
-        const double dy = static_cast<double>(At(y, i)) - meanY;
-        sxx = R4(sxx + Square(dx));
-        syy = R4(syy + Square(dy));
-        sxy = R4(sxy + dx * dy);
-    }
+    const auto [sumX, sumY, meanX, meanY, sxx, syy, sxy] = CentredMoments(x, y, first, last, n);
     if (sxx == 0) {
         for (int i = 1; i <= 13; ++i) result[i] = 0;
         return;

@@ -52,30 +52,28 @@ void SaveLF(const std::string& path, const std::string& programFolder, const Len
     });
 }
 
-bool RunSimulation(const SimulationInputs& in, const std::string& stockPath,
-                   const std::string& catchPath, const std::string& programFolder,
-                   DialogService& dialogs, SimulationResult* result) {
+SimulationRun RunSimulation(const SimulationInputs& in, const std::string& stockPath,
+                            const std::string& catchPath, const std::string& programFolder) {
+    SimulationRun run;
     if (auto problem = CheckSimulationInputs(in)) {
-        dialogs.notify({problem->text, problem->title, Buttons::Ok, Icon::Warning});
-        return false;
+        run.refuse(problem->text, problem->title, Icon::Warning);
+        return run;
     }
-    SimulationResult r = Simulate(in);
+    run.result = Simulate(in);
     const std::string today = SimulationDateText();
     const std::pair<const std::string*, SimSet> files[] = {{&stockPath, SimSet::Stock},
                                                            {&catchPath, SimSet::Catch}};
     for (const auto& [path, set] : files) {
         try {
-            SaveLF(*path, programFolder, LengthFreq(r, set), r.dates, today);
+            SaveLF(*path, programFolder, LengthFreq(run.result, set), run.result.dates, today);
         } catch (const StoreError&) {
-            dialogs.notify({kFileSaveError, kSimSaveFailedTitle, Buttons::Ok, Icon::Critical});
-            if (result) *result = std::move(r);
-            return false;
+            run.refuse(kFileSaveError, kSimSaveFailedTitle, Icon::Critical);
+            return run;
         }
-        dialogs.notify({kSimSavedPrefix + *path, kSimSavedTitle, Buttons::Ok, Icon::Information});
+        run.note(kSimSavedPrefix + *path, kSimSavedTitle, Icon::Information);
     }
-    dialogs.notify({kSimDoneText, kSimDoneTitle, Buttons::Ok, Icon::Information});
-    if (result) *result = std::move(r);
-    return true;
+    run.note(kSimDoneText, kSimDoneTitle, Icon::Information);
+    return run;
 }
 
 }  // namespace norvo

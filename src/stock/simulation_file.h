@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "base/user_notice.h"
+#include "base/outcome.h"
 #include "stock/simulation.h"
 
 namespace norvo {
@@ -31,11 +31,16 @@ std::string SimulationDateText();
 void SaveLF(const std::string& path, const std::string& programFolder, const LengthFreqTable& table,
             const std::vector<SimSampleDate>& dates, const std::string& generatedOn);
 
+// A whole run: the simulation and its notices.
+struct SimulationRun : Outcome {
+    SimulationResult result;  // no dates when the inputs were refused
+};
+
 // A whole run as the screen starts it: checks the inputs, simulates, saves both files with the
-// "File Saved!" notice for each and ends with "Done!". Returns false, after the notice, when the
-// inputs are refused or a file cannot be written; `result` receives the simulation.
-bool RunSimulation(const SimulationInputs& in, const std::string& stockPath,
-                   const std::string& catchPath, const std::string& programFolder,
-                   DialogService& dialogs, SimulationResult* result = nullptr);
+// "File Saved!" notice for each and ends with "Done!". Refused, with the checks' notice, when the
+// inputs do not pass (nothing simulated), or with "File Save Error" when a file cannot be
+// written (the simulation is kept).
+SimulationRun RunSimulation(const SimulationInputs& in, const std::string& stockPath,
+                            const std::string& catchPath, const std::string& programFolder);
 
 }  // namespace norvo

@@ -1,9 +1,9 @@
 #pragma once
 // The common interface of every data-file editor. The main window calls these on the active
-// child without knowing its class. The editor's window title is the full path of its file.
+// child without knowing its class. The editor holds the path of its file and shows it as its
+// window title.
 #include <QString>
-
-class QWidget;
+#include <QWidget>
 
 namespace norvo::gui {
 
@@ -13,6 +13,8 @@ class DataEditor {
     virtual QWidget* widget() = 0;
     virtual QString kind() const = 0;  // "LFQ", "ULF", ...
     virtual QString filePath() const = 0;
+    // Gives the editor its file before anything else reaches it; the caption shows the path.
+    virtual void setFilePath(const QString& path) { widget()->setWindowTitle(path); }
 
     virtual void SaveFileAs(const QString& path) = 0;
     virtual void SaveFile() = 0;

@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <limits>
 #include <string>
 
 #include "base/checked.h"
@@ -27,6 +28,20 @@ std::optional<double> BoxNumber(const QComboBox* box) {
     return ParseBoxText(box->currentText());
 }
 
+double NumberOrNaN(const QString& text) {
+    constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+    if (text.trimmed().isEmpty()) return kNaN;
+    try {
+        return ParseBoxText(text).value_or(kNaN);
+    } catch (const ArithmeticFault&) {
+        return kNaN;  // beyond the range of a double
+    }
+}
+
+double NumberOrNaN(const QLineEdit* box) {
+    return NumberOrNaN(box->text());
+}
+
 double BoxDouble(const QLineEdit* box) {
     return TextToDouble(box->text().trimmed().toStdString());
 }
@@ -45,6 +60,10 @@ QString NumberText(double value, std::string_view pattern) {
 
 void SetBoxNumber(QLineEdit* box, double value, std::string_view pattern) {
     box->setText(NumberText(value, pattern));
+}
+
+QString SingleText(float value) {
+    return QString::number(value, 'g', 7).replace(QChar('.'), QChar(DecimalSeparator()));
 }
 
 }  // namespace norvo::gui

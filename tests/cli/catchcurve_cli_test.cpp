@@ -3,10 +3,10 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
-#include "data/lfq_file.h"
 #include "mortality/catch_curve.h"
 #include "mortality/pauly_m.h"
 #include "selection/selection.h"
+#include "support/lfq_fixtures.h"
 #include "support/test_paths.h"
 
 namespace norvo {
@@ -16,23 +16,9 @@ namespace fs = std::filesystem;
 
 // One sample: a rising left limb, a zero at class 6 and a falling right limb; Loo 100, K 0.5.
 std::string WriteCurveLfq(const test::TempDir& dir) {
-    const std::string path = dir.file("curve.lfq");
-    fs::copy_file(test::BinDir() / "Templates" / "Template.LFQ", path);
-    const std::vector<double> counts = {10, 60, 120, 100, 70, 0, 35, 22, 14, 8, 5};
-    LfqHeader h;
-    h.speciesname = "Curve fish";
-    h.unitOfMeasurement = "cm";
-    h.smallestMl = 12.5;
-    h.classInterval = 5;
-    LfqSample sample;
-    sample.sampleNo = 1;
-    sample.samplingDay = 15;
-    sample.samplingMonth = 6;
-    sample.samplingYear = 2001;
-    std::vector<std::vector<double>> freq;
-    for (double c : counts) freq.push_back({c});
-    WriteLfqFile(path, h, {sample}, freq);
-    return path;
+    return test::MakeLfqFile(dir.file("curve.lfq"), test::LfqHeaderOf("Curve fish", "cm", 12.5, 5),
+                             {test::SampleOn(1, 15, 6, 2001)},
+                             test::ByClass({{10, 60, 120, 100, 70, 0, 35, 22, 14, 8, 5}}));
 }
 
 TEST(CatchCurveCli, FitExtrapolationAndRefusal) {

@@ -4,7 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "data/data_store.h"
-#include "data/lfq_file.h"
+#include "support/lfq_fixtures.h"
 #include "support/test_paths.h"
 
 namespace norvo {
@@ -14,32 +14,16 @@ namespace fs = std::filesystem;
 
 // The five-sample file of the engine's golden test: classes 10, 12, ... 24.
 std::string WriteGoldenLfq(const test::TempDir& dir) {
-    const std::string path = dir.file("golden.lfq");
-    fs::copy_file(test::BinDir() / "Templates" / "Template.LFQ", path);
     const std::vector<std::vector<double>> bySample = {{0, 2, 6, 3, 1, 4, 2, 0},
                                                        {1, 0, 0, 5, 2, 0, 0, 0},
                                                        {0, 0, 0, 0, 0, 7, 0, 0},
                                                        {0, 0, 0, 0, 0, 0, 0, 0},
                                                        {3, 8, 4, 0, 0, 2, 9, 5}};
-    const int dates[5][2] = {{15, 3}, {1, 7}, {20, 11}, {10, 5}, {28, 0}};
-    LfqHeader h;
-    h.speciesname = "Golden fish";
-    h.unitOfMeasurement = "cm";
-    h.smallestMl = 10;
-    h.classInterval = 2;
-    std::vector<LfqSample> samples;
-    std::vector<std::vector<double>> freq(8, std::vector<double>(5));
-    for (size_t s = 0; s < 5; ++s) {
-        LfqSample sample;
-        sample.sampleNo = static_cast<int16_t>(s + 1);
-        sample.samplingDay = static_cast<int16_t>(dates[s][0]);
-        sample.samplingMonth = static_cast<int16_t>(dates[s][1]);
-        sample.samplingYear = 1990;
-        samples.push_back(sample);
-        for (size_t c = 0; c < 8; ++c) freq[c][s] = bySample[s][c];
-    }
-    WriteLfqFile(path, h, samples, freq);
-    return path;
+    return test::MakeLfqFile(dir.file("golden.lfq"), test::LfqHeaderOf("Golden fish", "cm", 10, 2),
+                             {test::SampleOn(1, 15, 3, 1990), test::SampleOn(2, 1, 7, 1990),
+                              test::SampleOn(3, 20, 11, 1990), test::SampleOn(4, 10, 5, 1990),
+                              test::SampleOn(5, 28, 0, 1990)},
+                             test::ByClass(bySample));
 }
 
 std::string WriteXyf(const test::TempDir& dir, const std::string& name,

@@ -1,35 +1,18 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <nlohmann/json.hpp>
 
 #include "data/lfq_file.h"
+#include "support/lfq_fixtures.h"
 #include "support/test_paths.h"
 
 namespace norvo {
 namespace {
 
-namespace fs = std::filesystem;
-
 std::string TwoSampleFile(const test::TempDir& dir) {
-    const std::string path = dir.file("two.lfq");
-    fs::copy_file(test::BinDir() / "Templates" / "Template.LFQ", path);
-    LfqHeader h;
-    h.speciesname = "Upeneus";
-    h.unitOfMeasurement = "mm";
-    h.smallestMl = 25;
-    h.classInterval = 5;
-    LfqSample a, b;
-    a.sampleNo = 1;
-    a.samplingDay = 3;
-    a.samplingMonth = 4;
-    a.samplingYear = 1995;
-    b.sampleNo = 2;
-    b.samplingDay = 30;
-    b.samplingMonth = 11;
-    b.samplingYear = 1995;
-    WriteLfqFile(path, h, {a, b}, {{1.5, 0}, {12, 3}});
-    return path;
+    return test::MakeLfqFile(dir.file("two.lfq"), test::LfqHeaderOf("Upeneus", "mm", 25, 5),
+                             {test::SampleOn(1, 3, 4, 1995), test::SampleOn(2, 30, 11, 1995)},
+                             {{1.5, 0}, {12, 3}});
 }
 
 TEST(LfqInfoCli, PrintsHeaderDatesAndFrequencyTable) {

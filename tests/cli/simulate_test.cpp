@@ -23,7 +23,8 @@ TEST(CliSimulate, WritesBothFilesAndReportsTheSamples) {
     ASSERT_EQ(j["samples"].size(), 4u);
     EXPECT_EQ(j["samples"][3]["month"], 4);
     EXPECT_EQ(j["samples"][0]["stock"]["count"], 30);
-    EXPECT_EQ(j["notices"].back(), "Simulation was succesfully completed.");
+    EXPECT_EQ(j["notices"].back()["text"], "Simulation was succesfully completed.");
+    EXPECT_EQ(j["notices"].back()["title"], "Done!");
     int total = 0;
     for (const auto& row : j["ageDistribution"]) total += row["stock"].get<int>();
     EXPECT_EQ(total, 120);

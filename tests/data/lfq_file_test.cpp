@@ -3,26 +3,20 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <random>
 
 #include "base/fault.h"
-#include "data/data_store.h"
-#include "support/scripted_dialogs.h"
+#include "support/lfq_fixtures.h"
 #include "support/test_paths.h"
 
 namespace norvo {
 namespace {
 
-namespace fs = std::filesystem;
+using test::DumpTable;
+using test::NewLfq;
+using test::SampleOn;
 using test::TempDir;
-
-std::string NewLfq(const TempDir& dir, const std::string& name = "a.lfq") {
-    const std::string path = dir.file(name);
-    fs::copy_file(test::BinDir() / "Templates" / "Template.LFQ", path);
-    return path;
-}
 
 LfqHeader SomeHeader() {
     LfqHeader h;
@@ -34,28 +28,6 @@ LfqHeader SomeHeader() {
     h.smallestMl = 4.5;
     h.classInterval = 0.5;
     return h;
-}
-
-LfqSample SampleOn(int no, int d, int m, int y) {
-    LfqSample s;
-    s.sampleNo = static_cast<int16_t>(no);
-    s.samplingDay = static_cast<int16_t>(d);
-    s.samplingMonth = static_cast<int16_t>(m);
-    s.samplingYear = y;
-    return s;
-}
-
-// Every record of a table, in stored order, as text.
-std::vector<std::string> Dump(const std::string& path, const std::string& table) {
-    DataStore store = DataStore::open(path);
-    Records rs = store.openRecords(table);
-    std::vector<std::string> out;
-    for (; !rs.endOfRecords(); rs.moveNext()) {
-        std::string line;
-        for (const auto& f : rs.fieldNames()) line += AsText(rs.getField(f)) + "|";
-        out.push_back(line);
-    }
-    return out;
 }
 
 TEST(LfqFile, WrittenFileReadsBackAndRewritesToTheSameStore) {
@@ -89,7 +61,7 @@ TEST(LfqFile, WrittenFileReadsBackAndRewritesToTheSameStore) {
     WriteLfqFile(path, SomeHeader(), samples, freq);
 
     // Measures are stored sample by sample, midlength ascending.
-    const auto measures = Dump(path, kTableGlfMeasures);
+    const auto measures = DumpTable(path, kTableGlfMeasures);
     ASSERT_EQ(measures.size(), 12u);
     EXPECT_EQ(measures[0].substr(0, 6), "1|4.5|");
     EXPECT_EQ(measures[5].substr(0, 6), "2|5|2|");
@@ -136,16 +108,17 @@ TEST(LfqFile, WrittenFileReadsBackAndRewritesToTheSameStore) {
     EXPECT_EQ(back[2].sampleNo, 3);
 
     // Written again from what was read: the same store, record for record.
-    const auto before = std::vector{Dump(path, kTableGroupedLf), Dump(path, kTableSampleLf),
-                                    Dump(path, kTableGlfMeasures)};
+    const auto before =
+        std::vector{DumpTable(path, kTableGroupedLf), DumpTable(path, kTableSampleLf),
+                    DumpTable(path, kTableGlfMeasures)};
     const std::string copy = NewLfq(dir, "b.lfq");
     LfqHeader h = SomeHeader();
     h.smallestMl = d.smallestMl;
     h.classInterval = d.classInterval;
     WriteLfqFile(copy, h, back, d.freq);
-    EXPECT_EQ(Dump(copy, kTableGroupedLf), before[0]);
-    EXPECT_EQ(Dump(copy, kTableSampleLf), before[1]);
-    EXPECT_EQ(Dump(copy, kTableGlfMeasures), before[2]);
+    EXPECT_EQ(DumpTable(copy, kTableGroupedLf), before[0]);
+    EXPECT_EQ(DumpTable(copy, kTableSampleLf), before[1]);
+    EXPECT_EQ(DumpTable(copy, kTableGlfMeasures), before[2]);
 }
 
 TEST(LfqFile, UnreadableFilesSetTheFailureFlagWithOneNotice) {
@@ -180,10 +153,9 @@ TEST(LfqFile, HeaderWithoutMeasuresHasNoClasses) {
     EXPECT_EQ(read->noOfSamples, 0);
     EXPECT_EQ(read->speciesname, "Leiognathus splendens");
 
-    ScriptedDialogs dialogs;
-    const LfqHeader h = ReadLfqHeader(path, dialogs);
-    EXPECT_EQ(h.noOfClasses, 0);
-    EXPECT_TRUE(dialogs.shown.empty());
+    const ReadResult<LfqHeader> h = ReadLfqHeader(path);
+    ASSERT_TRUE(h.ok());
+    EXPECT_EQ(h->noOfClasses, 0);
 }
 
 TEST(LfqFile, HeaderReaderCountsClassesFromTheLargestMidlength) {
@@ -191,19 +163,41 @@ TEST(LfqFile, HeaderReaderCountsClassesFromTheLargestMidlength) {
     const std::string path = NewLfq(dir);
     std::vector<std::vector<double>> freq(40, std::vector<double>(2, 1.0));
     WriteLfqFile(path, SomeHeader(), {SampleOn(1, 1, 1, 2000), SampleOn(2, 1, 2, 2000)}, freq);
-    ScriptedDialogs dialogs;
-    const LfqHeader h = ReadLfqHeader(path, dialogs);
-    EXPECT_EQ(h.path, path);
-    EXPECT_EQ(h.noOfClasses, 40);
-    EXPECT_EQ(h.noOfSamples, 2);
-    EXPECT_DOUBLE_EQ(h.largestMl, 4.5 + 39 * 0.5);
-    EXPECT_EQ(h.unitOfMeasurement, "cm");
+    const ReadResult<LfqHeader> h = ReadLfqHeader(path);
+    ASSERT_TRUE(h.ok());
+    EXPECT_EQ(h->path, path);
+    EXPECT_EQ(h->noOfClasses, 40);
+    EXPECT_EQ(h->noOfSamples, 2);
+    EXPECT_DOUBLE_EQ(h->largestMl, 4.5 + 39 * 0.5);
+    EXPECT_EQ(h->unitOfMeasurement, "cm");
 
     const std::string empty = NewLfq(dir, "e.lfq");
-    const LfqHeader none = ReadLfqHeader(empty, dialogs);
-    EXPECT_TRUE(none.speciesname.empty());
-    EXPECT_EQ(none.noOfClasses, 0);
-    EXPECT_EQ(dialogs.last().text, "File empty or corrupted. Please check your input");
+    const ReadResult<LfqHeader> none = ReadLfqHeader(empty);
+    ASSERT_FALSE(none.ok());
+    EXPECT_EQ(none.error().path, empty);
+    EXPECT_EQ(none.error().notice.text, "File empty or corrupted. Please check your input");
+
+    const std::string junk = dir.file("junk.lfq");
+    std::ofstream(junk) << "not a store at all";
+    const ReadResult<LfqHeader> unreadable = ReadLfqHeader(junk);
+    ASSERT_FALSE(unreadable.ok());
+    EXPECT_EQ(unreadable.error().notice.title, "Invalid Data");
+}
+
+TEST(LfqFile, SheetHasAColumnPerSampleAndTheDatesBySampleNo) {
+    TempDir dir;
+    const std::string path = NewLfq(dir);
+    WriteLfqFile(path, SomeHeader(), {SampleOn(2, 5, 6, 1999)}, {{1, 4}, {2, 5}, {3, 6}});
+    const ReadResult<LfqSheet> sheet = ReadLfqSheet(path);
+    ASSERT_TRUE(sheet.ok());
+    EXPECT_EQ(sheet->header.speciesname, "Leiognathus splendens");
+    EXPECT_EQ(sheet->header.classInterval, 0.5);
+    EXPECT_EQ(sheet->rows, 3);
+    ASSERT_EQ(sheet->columns.size(), 2u);
+    EXPECT_EQ(sheet->columns[0][1], 2.0);
+    EXPECT_EQ(sheet->columns[1][2], 6.0);
+    EXPECT_EQ(sheet->dates, (std::vector<std::string>{"", "5/6/1999"}));  // no sample 1 record
+    EXPECT_FALSE(ReadLfqSheet(NewLfq(dir, "e.lfq")).ok());
 }
 
 TEST(LfqFile, DatesOnlyReplacesTheSampleHeaders) {
@@ -222,6 +216,27 @@ TEST(LfqFile, DatesOnlyReplacesTheSampleHeaders) {
     EXPECT_EQ(s[0].area, "");
     EXPECT_EQ(s[1].samplingYear, 2005);
     EXPECT_THROW(WriteDatesOnly(path, {"7-2-1995"}), ConversionFault);
+}
+
+TEST(LfqFile, OneSampleHeaderIsReplacedAddedOrDeletedWithTheLaterOnesMovingDown) {
+    TempDir dir;
+    const std::string path = NewLfq(dir);
+    WriteSampleHeaders(path,
+                       {SampleOn(1, 1, 1, 2000), SampleOn(2, 2, 2, 2000), SampleOn(3, 3, 3, 2000)});
+    LfqSample second = SampleOn(2, 9, 9, 2009);
+    second.area = "North";
+    WriteSampleHeader(path, second);
+    WriteSampleHeader(path, SampleOn(4, 4, 4, 2004));
+    DeleteSampleHeader(path, 1);
+    const auto s = ReadSampleHeaders(path);
+    ASSERT_EQ(s.size(), 3u);
+    EXPECT_EQ(s[0].sampleNo, 1);
+    EXPECT_EQ(s[0].samplingDay, 9);
+    EXPECT_EQ(s[0].area, "North");
+    EXPECT_EQ(s[1].sampleNo, 2);
+    EXPECT_EQ(s[1].samplingDay, 3);
+    EXPECT_EQ(s[2].sampleNo, 3);
+    EXPECT_EQ(s[2].samplingYear, 2004);
 }
 
 TEST(LfqFile, SampleDates) {

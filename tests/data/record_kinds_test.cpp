@@ -24,7 +24,6 @@ TEST(RecordKinds, EveryDescriptorMatchesItsSchema) {
             EXPECT_NE(FindField(*measures, c.field), nullptr) << c.field;
     }
     EXPECT_EQ(FindRecordKind("lfq"), nullptr);
-    EXPECT_STREQ(FindRecordKind("gin")->rowHeading, "Obs.");
 }
 
 TEST(RecordKinds, UlfHeadingFollowsTheUnit) {

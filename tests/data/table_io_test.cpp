@@ -6,28 +6,15 @@
 #include <fstream>
 #include <sstream>
 
-#include "data/data_store.h"
 #include "data/lfq_file.h"
 #include "data/record_kinds.h"
+#include "support/lfq_fixtures.h"
 #include "support/test_paths.h"
 
 namespace norvo {
 namespace {
 
 using Rows = std::vector<std::vector<std::string>>;
-
-// Every record of a table, as text, in stored order.
-std::vector<std::string> Dump(const std::string& path, const std::string& table) {
-    std::vector<std::string> out;
-    DataStore store = DataStore::open(path);
-    Records rs = store.openRecords("SELECT * FROM [" + table + "]");
-    for (; !rs.endOfRecords(); rs.moveNext()) {
-        std::string line;
-        for (const std::string& f : rs.fieldNames()) line += AsText(rs.getField(f)) + "|";
-        out.push_back(line);
-    }
-    return out;
-}
 
 std::string ReadAll(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
@@ -57,14 +44,9 @@ TEST(TableIo, DelimitedTextWithQuotes) {
 TEST(TableIo, LfqExportedAndImportedIsTheSameFile) {
     test::TempDir dir;
     const std::string original = dir.file("a.lfq");
-    std::filesystem::copy_file(test::BinDir() / "Templates" / "Template.LFQ", original);
-    LfqHeader h;
-    h.speciesname = "Nemipterus";
-    h.unitOfMeasurement = "mm";
-    h.typeOfMeasurement = "Total length (TL)";
-    h.smallestMl = 7.5f;
-    h.classInterval = 0.2f;
-    WriteLfqFile(original, h, {}, {{1, 0}, {2.5, 3}, {0, 7}, {4, 0}});
+    test::MakeLfqFile(original,
+                      test::LfqHeaderOf("Nemipterus", "mm", 7.5f, 0.2f, "Total length (TL)"), {},
+                      {{1, 0}, {2.5, 3}, {0, 7}, {4, 0}});
     WriteDatesOnly(original, {"3/4/1999", "28/11/2001"});
 
     for (char delimiter : {',', '\t'}) {
@@ -79,7 +61,7 @@ TEST(TableIo, LfqExportedAndImportedIsTheSameFile) {
         o.unit = "mm";
         ImportTable(table, copy, test::BinDir().string(), o);
         for (const char* t : {"Grouped_LF", "Sample_LF", "GLF_Measures"})
-            EXPECT_EQ(Dump(copy, t), Dump(original, t)) << t;
+            EXPECT_EQ(test::DumpTable(copy, t), test::DumpTable(original, t)) << t;
     }
 }
 
@@ -107,7 +89,7 @@ TEST(TableIo, MalformedTablesNameTheCellAndWriteNothing) {
     // Day/month/year headings are read as well as ISO ones.
     ImportRows({{"Midlength", "1/2/2000", "2000-03-01"}, {"10", "1", ""}, {"11", "2", "4"}}, out,
                root, {});
-    EXPECT_EQ(Dump(out, "Sample_LF").size(), 2u);
+    EXPECT_EQ(test::DumpTable(out, "Sample_LF").size(), 2u);
 
     const std::string gin = dir.file("x.gin");
     auto ginRefused = [&](const Rows& rows, int row, int col) {

@@ -41,13 +41,11 @@ void Scatter(int n, std::vector<float>& x, std::vector<float>& y) {
 }
 
 TEST(StudentT, TablesDifferInRowEightOnly) {
-    EXPECT_EQ(StudentTLinear(1), 12.71f);
     EXPECT_EQ(StudentTLinear(8), 2.306f);
     EXPECT_EQ(StudentTFunctional(8), 2.31f);
     EXPECT_EQ(StudentTLinear(9), 2.62f);
     EXPECT_EQ(StudentTFunctional(9), 2.62f);
     EXPECT_EQ(StudentTLinear(0), 0.0f);
-    EXPECT_EQ(StudentTLinear(38), 1.96f);
     for (int d = 0; d <= 38; ++d) {
         if (d != 8) {
             EXPECT_EQ(StudentTLinear(d), StudentTFunctional(d)) << d;

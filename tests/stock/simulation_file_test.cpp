@@ -6,7 +6,6 @@
 
 #include "data/data_store.h"
 #include "data/lfq_file.h"
-#include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
 namespace norvo {
@@ -23,17 +22,18 @@ LfqData Read(const std::string& path) {
 
 TEST(RunSimulation, KnownSeedGivesKnownFilesWithTheSimulatedHeader) {
     TempDir dir;
-    ScriptedDialogs dialogs;
     const std::string stock = dir.file("Data/stock.lfq");  // the folder is made on the way
     const std::string catches = dir.file("Data/catch.lfq");
-    ASSERT_TRUE(
-        RunSimulation(DefaultSimulationInputs(), stock, catches, BinDir().string(), dialogs));
-    ASSERT_EQ(dialogs.shown.size(), 3u);
-    EXPECT_EQ(dialogs.shown[0].text, "The length frequencies were saved to " + stock);
-    EXPECT_EQ(dialogs.shown[0].title, "File Saved!");
-    EXPECT_EQ(dialogs.shown[1].text, "The length frequencies were saved to " + catches);
-    EXPECT_EQ(dialogs.shown[2].text, "Simulation was succesfully completed.");
-    EXPECT_EQ(dialogs.shown[2].title, "Done!");
+    const SimulationRun run =
+        RunSimulation(DefaultSimulationInputs(), stock, catches, BinDir().string());
+    ASSERT_TRUE(run.ok());
+    ASSERT_EQ(run.notices.size(), 3u);
+    EXPECT_EQ(run.notices[0].text, "The length frequencies were saved to " + stock);
+    EXPECT_EQ(run.notices[0].title, "File Saved!");
+    EXPECT_EQ(run.notices[1].text, "The length frequencies were saved to " + catches);
+    EXPECT_EQ(run.notices[2].text, "Simulation was succesfully completed.");
+    EXPECT_EQ(run.notices[2].title, "Done!");
+    EXPECT_EQ(run.result.dates.size(), 12u);
 
     const LfqData s = Read(stock);
     EXPECT_EQ(s.speciesname, "Simulated species");
@@ -62,28 +62,32 @@ TEST(RunSimulation, KnownSeedGivesKnownFilesWithTheSimulatedHeader) {
     EXPECT_EQ(c.freq[17][0], 5);
 
     // The same seed again writes the same frequencies.
-    ScriptedDialogs again;
     const std::string stock2 = dir.file("again.lfq");
-    ASSERT_TRUE(RunSimulation(DefaultSimulationInputs(), stock2, dir.file("again2.lfq"),
-                              BinDir().string(), again));
+    ASSERT_TRUE(
+        RunSimulation(DefaultSimulationInputs(), stock2, dir.file("again2.lfq"), BinDir().string())
+            .ok());
     EXPECT_EQ(Read(stock2).freq, s.freq);
 }
 
 TEST(RunSimulation, RefusedInputsAndUnwritablePathsEndWithTheirNotice) {
     TempDir dir;
-    ScriptedDialogs dialogs;
     SimulationInputs in = DefaultSimulationInputs();
     in.migrate = true;  // only one area
-    EXPECT_FALSE(
-        RunSimulation(in, dir.file("a.lfq"), dir.file("b.lfq"), BinDir().string(), dialogs));
-    EXPECT_EQ(dialogs.last().title, "Re-check Inputs...");
+    const SimulationRun refused =
+        RunSimulation(in, dir.file("a.lfq"), dir.file("b.lfq"), BinDir().string());
+    EXPECT_FALSE(refused.ok());
+    ASSERT_EQ(refused.notices.size(), 1u);
+    EXPECT_EQ(refused.refusal()->title, "Re-check Inputs...");
+    EXPECT_TRUE(refused.result.dates.empty());
     EXPECT_FALSE(std::filesystem::exists(dir.file("a.lfq")));
 
-    // No template under the program folder: nothing is written.
-    ScriptedDialogs failing;
-    EXPECT_FALSE(RunSimulation(DefaultSimulationInputs(), dir.file("a.lfq"), dir.file("b.lfq"),
-                               dir.path().string(), failing));
-    EXPECT_EQ(failing.last().text, "File Save Error. File not saved!");
+    // No template under the program folder: nothing is written, the simulation is kept.
+    const SimulationRun failing = RunSimulation(DefaultSimulationInputs(), dir.file("a.lfq"),
+                                                dir.file("b.lfq"), dir.path().string());
+    EXPECT_FALSE(failing.ok());
+    ASSERT_EQ(failing.notices.size(), 1u);
+    EXPECT_EQ(failing.refusal()->text, "File Save Error. File not saved!");
+    EXPECT_FALSE(failing.result.dates.empty());
     EXPECT_FALSE(std::filesystem::exists(dir.file("a.lfq")));
 }
 

@@ -482,8 +482,8 @@ DataEditor* FrmMain::openEditor(const std::string& kind, const std::string& path
     if (!ed) return nullptr;
     QWidget* w = ed->widget();
     if (const FileKind* k = FindKind(kind)) w->setProperty("screenName", k->editor);
-    // The caption is the file's path before anything can reach the editor.
-    w->setWindowTitle(Q(path));
+    // The editor has its file, shown in its caption, before anything can reach it.
+    ed->setFilePath(Q(path));
     w->setAttribute(Qt::WA_DeleteOnClose);
     editors_[w] = ed;
     connect(w, &QObject::destroyed, this, [this, w] { editors_.erase(w); });

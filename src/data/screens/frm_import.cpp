@@ -11,6 +11,7 @@
 #include "base/format.h"
 #include "data/dos_import.h"
 #include "data/store_routines.h"
+#include "widgets/command_boundary.h"
 #include "widgets/data_grid.h"
 
 namespace norvo::gui {
@@ -28,7 +29,8 @@ FrmImport::FrmImport(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
         auto* h = new QHBoxLayout;
         auto* b = new QPushButton("...", this);
         b->setObjectName(source ? "cmdBrowse_0" : "cmdBrowse_1");
-        connect(b, &QPushButton::clicked, this, [this, source] { browse(source); });
+        connect(b, &QPushButton::clicked, this,
+                Guarded(ctx_.dialogs, [this, source] { browse(source); }));
         h->addWidget(box, 1);
         h->addWidget(b);
         return h;
@@ -47,14 +49,14 @@ FrmImport::FrmImport(ShellContext& ctx, QWidget* parent) : QWidget(parent), ctx_
     cmdImport_->setObjectName("cmdImport");
     cmdCancel_ = new QPushButton(kImportCancelCaption, this);
     cmdCancel_->setObjectName("cmdCancel");
-    connect(cmdImport_, &QPushButton::clicked, this, [this] { Import(); });
-    connect(cmdCancel_, &QPushButton::clicked, this, [this] {
-        if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget())) {
-            sub->close();
-        } else {
-            close();
-        }
-    });
+    connect(cmdImport_, &QPushButton::clicked, this, Guarded(ctx_.dialogs, [this] { Import(); }));
+    connect(cmdCancel_, &QPushButton::clicked, this, Guarded(ctx_.dialogs, [this] {
+                if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget())) {
+                    sub->close();
+                } else {
+                    close();
+                }
+            }));
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cmdImport_);

@@ -30,10 +30,12 @@
 #include "data/screens/frm_lfq_sub.h"
 #include "data/screens/frm_tip1.h"
 #include "data/store_routines.h"
-#include "numerics/text_convert.h"
 #include "numerics/validators.h"
+#include "widgets/command_boundary.h"
 #include "widgets/data_grid.h"
 #include "widgets/line_edit_box.h"
+#include "widgets/number_box.h"
+#include "widgets/wait_cursor.h"
 
 namespace norvo::gui {
 
@@ -47,17 +49,11 @@ constexpr int kSampleColumnChars = 10;
 constexpr double kClassMin = 0.25;
 constexpr double kClassMax = 999;
 
-// Midlength of row `row` (from 1), in 32-bit arithmetic as it is stored.
+// Midlength of row `row` (from 1) in 32-bit arithmetic, as the row headings show it.
 float RowMidlength(int row, float interval, float smallest) {
     const float product = static_cast<float>(row - 1) * interval;
     return product + smallest;
 }
-
-// Shows the wait cursor for the life of the object.
-struct WaitCursor {
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
 
 }  // namespace
 
@@ -117,7 +113,8 @@ void FrmLfq::buildHeadersPage(QWidget* page) {
         txtLFQ_[i]->setObjectName(QString("txtLFQ_%1").arg(i));
         txtLFQ_[i]->setToolTip(kTips[i]);
         txtLFQ_[i]->installEventFilter(this);
-        connect(txtLFQ_[i], &QLineEdit::textChanged, this, &FrmLfq::changed);
+        connect(txtLFQ_[i], &QLineEdit::textChanged, this,
+                Guarded(ctx_.dialogs, [this] { changed(); }));
     }
     for (int i = 0; i < 2; ++i) {
         cmbLFQ_[i] = new QComboBox(page);
@@ -131,13 +128,14 @@ void FrmLfq::buildHeadersPage(QWidget* page) {
     cmbLFQ_[0]->setToolTip("Unit of measurement");
     cmbLFQ_[1]->setToolTip("Type of measurement");
     for (QComboBox* c : cmbLFQ_) {
-        connect(c, &QComboBox::currentTextChanged, this, &FrmLfq::changed);
+        connect(c, &QComboBox::currentTextChanged, this,
+                Guarded(ctx_.dialogs, [this] { changed(); }));
     }
     rtxtLFQ_ = new QTextEdit(page);
     rtxtLFQ_->setObjectName("rtxtLFQ");
     rtxtLFQ_->setAcceptRichText(false);
     rtxtLFQ_->setToolTip("Remarks");
-    connect(rtxtLFQ_, &QTextEdit::textChanged, this, &FrmLfq::changed);
+    connect(rtxtLFQ_, &QTextEdit::textChanged, this, Guarded(ctx_.dialogs, [this] { changed(); }));
 
     auto* species = new QGroupBox("Species", page);
     auto* speciesForm = new QFormLayout(species);
@@ -169,25 +167,29 @@ void FrmLfq::buildFrequenciesPage(QWidget* page) {
     grdData_->setEnterWrapColumn(2);
     grdData_->setMaxRows(kStartRows);
     grdData_->setMaxCols(0);
-    connect(grdData_, &DataGrid::edited, this, &FrmLfq::changed);
-    connect(grdData_, &DataGrid::rowsChanged, this, &FrmLfq::UpdateClassMidlength);
+    connect(grdData_, &DataGrid::edited, this, Guarded(ctx_.dialogs, [this] { changed(); }));
+    connect(grdData_, &DataGrid::rowsChanged, this,
+            Guarded(ctx_.dialogs, [this] { UpdateClassMidlength(); }));
     connect(grdData_, &DataGrid::headingDoubleClicked, this,
-            [this](int col) { EditSampleHeader(col + 1); });
-    connect(grdData_, &DataGrid::tableCommand, this, &FrmLfq::tableCommand);
+            Guarded(ctx_.dialogs, [this](int col) { EditSampleHeader(col + 1); }));
+    connect(grdData_, &DataGrid::tableCommand, this,
+            Guarded(ctx_.dialogs, [this](int index) { tableCommand(index); }));
 
     for (int i = 0; i < 3; ++i) {
         cmdLFQ_[i] = new QPushButton(kCmdLfqCaptions[i], page);
         cmdLFQ_[i]->setObjectName(QString("cmdLFQ_%1").arg(i));
     }
-    connect(cmdLFQ_[0], &QPushButton::clicked, this, [this] { EditSampleHeader(); });
-    connect(cmdLFQ_[1], &QPushButton::clicked, this, &FrmLfq::addSample);
-    connect(cmdLFQ_[2], &QPushButton::clicked, this, [this] {
-        if (activeColumn() > 0) DeleteCol(activeColumn());
-    });
+    connect(cmdLFQ_[0], &QPushButton::clicked, this,
+            Guarded(ctx_.dialogs, [this] { EditSampleHeader(); }));
+    connect(cmdLFQ_[1], &QPushButton::clicked, this,
+            Guarded(ctx_.dialogs, [this] { addSample(); }));
+    connect(cmdLFQ_[2], &QPushButton::clicked, this, Guarded(ctx_.dialogs, [this] {
+                if (activeColumn() > 0) DeleteCol(activeColumn());
+            }));
     chkDecimal_ = new QCheckBox(kDecimalCaption, page);
     chkDecimal_->setObjectName("chkDecimal");
     connect(chkDecimal_, &QCheckBox::toggled, this,
-            [this](bool on) { grdData_->setDisplayDecimals(on ? 2 : 0); });
+            Guarded(ctx_.dialogs, [this](bool on) { grdData_->setDisplayDecimals(on ? 2 : 0); }));
     updateSampleButtons();
 
     auto* buttons = new QHBoxLayout;
@@ -223,9 +225,7 @@ bool FrmLfq::validateClassBox(int index) {
         txtLFQ_[index]->clear();
         return false;
     }
-    double v = 0;
-    ParseNumber(box.text(), v);
-    (index == 2 ? smallestMl_ : classInterval_) = R4(v);
+    (index == 2 ? smallestMl_ : classInterval_) = R4(BoxNumber(txtLFQ_[index]).value_or(0.0));
     UpdateClassMidlength();
     return true;
 }
@@ -246,7 +246,8 @@ bool FrmLfq::eventFilter(QObject* watched, QEvent* event) {
         if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason) {
             return QWidget::eventFilter(watched, event);
         }
-        validateClassBox(watched == txtLFQ_[2] ? 2 : 3);
+        const int index = watched == txtLFQ_[2] ? 2 : 3;
+        RunCommand(ctx_.dialogs, [&] { validateClassBox(index); });
     } else if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
@@ -325,11 +326,7 @@ void FrmLfq::DeleteCol(int column) {
     const std::string path = filePath().toStdString();
     try {
         // The file's sample headers follow at once; the measures wait for a save.
-        DeleteWhere(path, kTableSampleLf, {"SampleNo"}, {"="}, {std::to_string(column)});
-        DataStore store = DataStore::open(path);
-        store.execute("UPDATE [Sample_LF] SET [SampleNo]=([SampleNo] - 1) WHERE ([SampleNo] > " +
-                      std::to_string(column) + ")");
-        store.close();
+        DeleteSampleHeader(path, column);
     } catch (const StoreError&) {
         ctx_.dialogs.notify(
             {kCorruptedOrWrongFormat, kInvalidDataTitle, Buttons::Ok, Icon::Warning});
@@ -339,12 +336,10 @@ void FrmLfq::DeleteCol(int column) {
 
 void FrmLfq::SaveFile() {
     const std::string path = filePath().toStdString();
-    if (!CheckRequired({{txtLFQ_[0]->toolTip().toStdString(), txtLFQ_[0]->text().toStdString()},
-                        {txtLFQ_[2]->toolTip().toStdString(), txtLFQ_[2]->text().toStdString()},
-                        {txtLFQ_[3]->toolTip().toStdString(), txtLFQ_[3]->text().toStdString()}},
-                       ctx_.dialogs)) {
-        return;
-    }
+    std::vector<RequiredBox> required;
+    for (int i : {0, 2, 3})
+        required.push_back({txtLFQ_[i]->toolTip().toStdString(), txtLFQ_[i]->text().toStdString()});
+    if (!ShowNotices(CheckRequired(required), ctx_.dialogs)) return;
     // A class box typed into but not yet left is checked here as well.
     if (!validateClassBox(2) || !validateClassBox(3)) return;
 
@@ -391,7 +386,9 @@ void FrmLfq::SaveFile() {
         headings.push_back(grdData_->colHeading(c).toStdString());
     }
     const std::vector<int> order = ChronologicalSort(headings);
-    if (!writeFile(order)) {
+    try {
+        writeFile(order);
+    } catch (const StoreError&) {
         wait.reset();
         ctx_.dialogs.notify({kFileSaveError, kAppTitle, Buttons::Ok, Icon::Warning});
         return;
@@ -400,7 +397,9 @@ void FrmLfq::SaveFile() {
     setSavedFlag(true);
 }
 
-bool FrmLfq::writeFile(const std::vector<int>& order) {
+// Header, renumbered sample headers and measures, replaced together or not at all. The
+// samples are written in `order` (old column numbers by new position).
+void FrmLfq::writeFile(const std::vector<int>& order) {
     LfqHeader h;
     h.speciesname = txtLFQ_[0]->text().toStdString();
     h.otherId = txtLFQ_[1]->text().toStdString();
@@ -409,35 +408,18 @@ bool FrmLfq::writeFile(const std::vector<int>& order) {
     h.smallestMl = smallestMl_;
     h.classInterval = classInterval_;
     h.remarks = rtxtLFQ_->toPlainText().toStdString();
-    const std::vector<int64_t> oldKeys(order.begin(), order.end());
-    try {
-        // Header, keys and measures are replaced together or not at all.
-        AtomicRewrite(filePath().toStdString(), [&](const std::string& work) {
-            WriteLfqHeader(work, h);
-            RenumberKeys(work, kTableSampleLf, "SampleNo", oldKeys);
-            SaveInTransaction(work, [&](DataStore& store) {
-                store.execute(std::string("DELETE * FROM [") + kTableGlfMeasures + "];");
-                Records rs = store.openRecords(kTableGlfMeasures);
-                for (size_t pos = 0; pos < order.size(); ++pos) {
-                    const int col = order[pos] - 1;  // the grid's column, before the exchange
-                    for (int r = 1; r <= grdData_->maxRows(); ++r) {
-                        rs.addNew();
-                        rs.setField("SampleNo", static_cast<int64_t>(pos + 1));
-                        rs.setField("Midlength", static_cast<double>(
-                                                     RowMidlength(r, classInterval_, smallestMl_)));
-                        rs.setField(
-                            "Frequency",
-                            static_cast<double>(R4(grdData_->value(r - 1, col).value_or(0.0))));
-                        rs.update();
-                    }
-                }
-                rs.close();
-            });
-        });
-    } catch (const std::exception&) {
-        return false;
+    std::vector<std::vector<double>> freq(grdData_->maxRows(),
+                                          std::vector<double>(order.size(), 0.0));
+    for (size_t pos = 0; pos < order.size(); ++pos) {
+        const int col = order[pos] - 1;  // the grid's column, before the exchange
+        for (int r = 0; r < grdData_->maxRows(); ++r)
+            freq[r][pos] = grdData_->value(r, col).value_or(0.0);
     }
-    return true;
+    const std::vector<int64_t> oldKeys(order.begin(), order.end());
+    AtomicRewrite(path_.toStdString(), [&](const std::string& work) {
+        RenumberKeys(work, kTableSampleLf, "SampleNo", oldKeys);
+        WriteLfqFile(work, h, {}, freq);  // the sample headers stay as renumbered
+    });
 }
 
 void FrmLfq::applyOrder(const std::vector<int>& order) {
@@ -458,83 +440,45 @@ void FrmLfq::applyOrder(const std::vector<int>& order) {
 }
 
 void FrmLfq::OpenFile() {
-    const std::string path = filePath().toStdString();
-    try {
-        DataStore store = DataStore::open(path);
-        Records header = store.openRecords("SELECT * FROM [Grouped_LF]");
-        if (header.endOfRecords()) throw StoreError("no header record");
-        txtLFQ_[0]->setText(QString::fromStdString(AsText(header.getField("Speciesname"))));
-        txtLFQ_[1]->setText(QString::fromStdString(AsText(header.getField("Other_ID"))));
-        const std::array<const char*, 2> comboFields = {"Unit_Of_Measurement",
-                                                        "Type_Of_Measurement"};
-        for (int i = 0; i < 2; ++i) {
-            const QString text = QString::fromStdString(AsText(header.getField(comboFields[i])));
-            if (cmbLFQ_[i]->findText(text) < 0) cmbLFQ_[i]->addItem(text);
-            cmbLFQ_[i]->setCurrentText(text);
-        }
-        smallestMl_ = AsFloat(header.getField("Smallest_ML"));
-        classInterval_ = AsFloat(header.getField("Class_Interval"));
-        txtLFQ_[2]->setText(QString::number(smallestMl_, 'g', 7));
-        txtLFQ_[3]->setText(QString::number(classInterval_, 'g', 7));
-        rtxtLFQ_->setPlainText(QString::fromStdString(AsText(header.getField("Remarks"))));
-        header.close();
-
-        // Measures in stored order: each new SampleNo is a new column, the first sample's run
-        // of records gives the rows.
-        Records measures = store.openRecords("SELECT * FROM [GLF_Measures]");
-        struct Measure {
-            int64_t sampleNo;
-            double frequency;
-        };
-        std::vector<Measure> all;
-        for (; !measures.endOfRecords(); measures.moveNext()) {
-            all.push_back({AsInteger(measures.getField("SampleNo")),
-                           AsDouble(measures.getField("Frequency"))});
-        }
-        const QSignalBlocker block(grdData_);
-        if (!all.empty()) {
-            int rows = 0;
-            while (rows < static_cast<int>(all.size()) && all[rows].sampleNo == all[0].sampleNo) {
-                ++rows;
-            }
-            grdData_->setMaxRows(rows);
-        }
-        std::map<int64_t, int> columnOf;
-        std::map<int64_t, int> rowOf;
-        for (const Measure& m : all) {
-            if (!columnOf.count(m.sampleNo)) {
-                grdData_->setMaxCols(grdData_->maxCols() + 1);
-                columnOf[m.sampleNo] = grdData_->maxCols() - 1;
-            }
-            const int row = rowOf[m.sampleNo]++;
-            if (row < grdData_->maxRows())
-                grdData_->setValue(row, columnOf[m.sampleNo], m.frequency);
-        }
-        measures.close();
-        updateSampleButtons();
-        UpdateClassMidlength();
-
-        Records samples =
-            store.openRecords("SELECT * FROM [Sample_LF] ORDER BY [Sample_LF].[SampleNo]");
-        for (; !samples.endOfRecords(); samples.moveNext()) {
-            const int64_t col = AsInteger(samples.getField("SampleNo"));
-            if (col < 1 || col > grdData_->maxCols()) continue;
-            grdData_->setColHeading(
-                static_cast<int>(col - 1),
-                QString::fromStdString(AsText(samples.getField("Sampling_Day"))).trimmed() + "/" +
-                    QString::fromStdString(AsText(samples.getField("Sampling_Month"))).trimmed() +
-                    "/" +
-                    QString::fromStdString(AsText(samples.getField("Sampling_Year"))).trimmed());
-        }
-        samples.close();
-        store.close();
-        grdData_->viewport()->update();
-        setSavedFlag(true);
-    } catch (const std::exception&) {
-        ctx_.dialogs.notify(
-            {kCorruptedOrWrongFormat, kInvalidDataTitle, Buttons::Ok, Icon::Warning});
+    const ReadResult<LfqSheet> read = ReadLfqSheet(path_.toStdString());
+    if (!read) {
+        ctx_.dialogs.notify(read.error().notice);
         unloadEditor();
+        return;
     }
+    const LfqSheet& sheet = *read;
+    const LfqHeader& h = sheet.header;
+    txtLFQ_[0]->setText(QString::fromStdString(h.speciesname));
+    txtLFQ_[1]->setText(QString::fromStdString(h.otherId));
+    const std::array<const std::string*, 2> comboTexts = {&h.unitOfMeasurement,
+                                                          &h.typeOfMeasurement};
+    for (int i = 0; i < 2; ++i) {
+        const QString text = QString::fromStdString(*comboTexts[i]);
+        if (cmbLFQ_[i]->findText(text) < 0) cmbLFQ_[i]->addItem(text);
+        cmbLFQ_[i]->setCurrentText(text);
+    }
+    smallestMl_ = static_cast<float>(h.smallestMl);
+    classInterval_ = static_cast<float>(h.classInterval);
+    txtLFQ_[2]->setText(SingleText(smallestMl_));
+    txtLFQ_[3]->setText(SingleText(classInterval_));
+    rtxtLFQ_->setPlainText(QString::fromStdString(h.remarks));
+
+    const QSignalBlocker block(grdData_);
+    if (sheet.rows > 0) grdData_->setMaxRows(sheet.rows);
+    grdData_->setMaxCols(static_cast<int>(sheet.columns.size()));
+    for (int c = 0; c < static_cast<int>(sheet.columns.size()); ++c) {
+        for (int r = 0; r < sheet.rows; ++r) {
+            if (const auto& v = sheet.columns[c][r]) grdData_->setValue(r, c, *v);
+        }
+    }
+    updateSampleButtons();
+    UpdateClassMidlength();
+    for (int c = 0; c < static_cast<int>(sheet.dates.size()); ++c) {
+        if (!sheet.dates[c].empty())
+            grdData_->setColHeading(c, QString::fromStdString(sheet.dates[c]));
+    }
+    grdData_->viewport()->update();
+    setSavedFlag(true);
 }
 
 void FrmLfq::SaveFileAs(const QString& path) {
@@ -546,8 +490,13 @@ void FrmLfq::SaveFileAs(const QString& path) {
         ctx_.dialogs.notify({kFileSaveError, kAppTitle, Buttons::Ok, Icon::Warning});
         return;
     }
-    setWindowTitle(path);
+    setFilePath(path);
     SaveFile();
+}
+
+void FrmLfq::setFilePath(const QString& path) {
+    path_ = path;
+    setWindowTitle(path);
 }
 
 void FrmLfq::GenerateOutput() {
@@ -663,13 +612,15 @@ void FrmLfq::closeEvent(QCloseEvent* event) {
         unloading_ = true;
         if (!savedFlag()) {
             const std::string question = kUnsavedText + filePath().toStdString();
-            if (ctx_.dialogs.askYesNo(question, kUnsavedTitle)) {
-                setSavedFlag(true);
-                SaveFile();
-            } else {
-                OfferDeleteEmptyFile(filePath().toStdString(), grdData_->dataColumnCount(),
-                                     ctx_.dialogs);
-            }
+            RunCommand(ctx_.dialogs, [&] {
+                if (ctx_.dialogs.askYesNo(question, kUnsavedTitle)) {
+                    setSavedFlag(true);
+                    SaveFile();
+                } else {
+                    OfferDeleteEmptyFile(filePath().toStdString(), grdData_->dataColumnCount(),
+                                         ctx_.dialogs);
+                }
+            });
         }
     }
     event->accept();

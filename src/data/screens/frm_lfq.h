@@ -56,7 +56,8 @@ class FrmLfq : public QWidget, public DataEditor {
     // DataEditor
     QWidget* widget() override { return this; }
     QString kind() const override { return kLfqKind; }
-    QString filePath() const override { return windowTitle(); }
+    QString filePath() const override { return path_; }
+    void setFilePath(const QString& path) override;
     void SaveFileAs(const QString& path) override;
     void SaveFile() override;
     void PrintFile() override;
@@ -113,9 +114,10 @@ class FrmLfq : public QWidget, public DataEditor {
     void tableCommand(int index);
     void unloadEditor();
     void applyOrder(const std::vector<int>& order);
-    bool writeFile(const std::vector<int>& order);
+    void writeFile(const std::vector<int>& order);
 
     ShellContext& ctx_;
+    QString path_;  // the file; the caption shows it
     QTabWidget* tabs_ = nullptr;
     std::array<QLineEdit*, 4> txtLFQ_{};
     std::array<QComboBox*, 2> cmbLFQ_{};

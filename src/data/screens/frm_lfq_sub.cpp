@@ -14,24 +14,23 @@
 #include "base/checked.h"
 #include "data/data_store.h"
 #include "data/lfq_file.h"
-#include "numerics/text_convert.h"
+#include "widgets/command_boundary.h"
+#include "widgets/number_box.h"
 
 namespace norvo::gui {
 
 namespace {
 
 // An empty or unreadable numeric box stores 0.
-float BoxNumber(const QLineEdit* box) {
-    double v = 0;
-    if (!ParseNumber(box->text().trimmed().toStdString(), v)) return 0.0f;
-    return R4(v);
+float StoredNumber(const QLineEdit* box) {
+    return R4(BoxNumber(box).value_or(0.0));
 }
 
 QString FieldText(const Records& rs, const char* field) {
     const FieldValue v = rs.getField(field);
     if (IsNull(v)) return {};
     if (std::holds_alternative<double>(v)) {
-        return QString::number(static_cast<float>(std::get<double>(v)), 'g', 7);
+        return SingleText(static_cast<float>(std::get<double>(v)));
     }
     return QString::fromStdString(AsText(v));
 }
@@ -133,8 +132,8 @@ FrmLfqSub::FrmLfqSub(const std::string& path, int sampleNo, DialogService& dialo
     cancelButton->setObjectName("cmdLFQ_1");
     okButton->setAutoDefault(false);
     cancelButton->setAutoDefault(false);
-    connect(okButton, &QPushButton::clicked, this, &FrmLfqSub::ok);
-    connect(cancelButton, &QPushButton::clicked, this, &FrmLfqSub::cancel);
+    connect(okButton, &QPushButton::clicked, this, Guarded(dialogs_, [this] { ok(); }));
+    connect(cancelButton, &QPushButton::clicked, this, Guarded(dialogs_, [this] { cancel(); }));
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(okButton);
@@ -224,44 +223,25 @@ LfqSample FrmLfqSub::sampleFromBoxes() const {
     s.area = txtArea_->text().toStdString();
     s.latitude = txtLatitude_->text().toStdString();
     s.longitude = txtLongitude_->text().toStdString();
-    s.depth = BoxNumber(txtDepth_);
+    s.depth = StoredNumber(txtDepth_);
     s.bottomType = cmbBottom_->currentText().toStdString();
-    s.lwA = BoxNumber(txtLwA_);
-    s.lwB = BoxNumber(txtLwB_);
+    s.lwA = StoredNumber(txtLwA_);
+    s.lwB = StoredNumber(txtLwB_);
     s.catchType = txtCatchType_->text().toStdString();
-    s.wtSample = BoxNumber(txtWtSample_);
-    s.twtSpecies = BoxNumber(txtTwtSpecies_);
-    s.twtCatch = BoxNumber(txtTwtCatch_);
-    s.effort = BoxNumber(txtEffort_);
+    s.wtSample = StoredNumber(txtWtSample_);
+    s.twtSpecies = StoredNumber(txtTwtSpecies_);
+    s.twtCatch = StoredNumber(txtTwtCatch_);
+    s.effort = StoredNumber(txtEffort_);
     s.vessel = txtVessel_->text().toStdString();
     s.gearType = txtGearType_->text().toStdString();
-    s.meshSize = BoxNumber(txtMeshSize_);
+    s.meshSize = StoredNumber(txtMeshSize_);
     s.gearCharacteristics = txtGearChar_->text().toStdString();
     s.remarks = txtRemarks_->text().toStdString();
     return s;
 }
 
 void FrmLfqSub::SaveData() {
-    const LfqSample s = sampleFromBoxes();
-    DataStore store = DataStore::open(path_);
-    Records rs = store.openRecords("SELECT * FROM [Sample_LF] ORDER BY [Sample_LF].[SampleNo]");
-    // Walk to this sample's record; add one when there is none.
-    bool found = false;
-    for (; !rs.endOfRecords(); rs.moveNext()) {
-        if (AsInteger(rs.getField("SampleNo")) == sampleNo_) {
-            found = true;
-            break;
-        }
-    }
-    if (found) {
-        rs.edit();
-    } else {
-        rs.addNew();
-    }
-    if (s.samplingDay > 0) SampleToRecord(s, rs);
-    rs.update();
-    rs.close();
-    store.close();
+    WriteSampleHeader(path_, sampleFromBoxes());
 }
 
 void FrmLfqSub::ok() {

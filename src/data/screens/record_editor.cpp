@@ -23,7 +23,9 @@
 #include "data/file_kind.h"
 #include "data/lfq_file.h"
 #include "data/store_routines.h"
+#include "widgets/command_boundary.h"
 #include "widgets/data_grid.h"
+#include "widgets/wait_cursor.h"
 
 namespace norvo::gui {
 
@@ -34,11 +36,6 @@ constexpr int kColumnChars = 10;
 const char* const kMonthNames[] = {"January",   "February", "March",    "April",
                                    "May",       "June",     "July",     "August",
                                    "September", "October",  "November", "December"};
-
-struct WaitCursor {
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
 
 QString Decimals(double v, int decimals) {
     const std::string pattern = decimals > 0 ? "0." + std::string(decimals, '0') : "0";
@@ -179,16 +176,19 @@ void RecordEditor::buildHeadersPage(QWidget* page) {
         switch (b.type) {
             case BoxType::Text: {
                 auto* e = new QLineEdit(page);
-                connect(e, &QLineEdit::textChanged, this, &RecordEditor::changed);
+                connect(e, &QLineEdit::textChanged, this,
+                        Guarded(ctx_.dialogs, [this] { changed(); }));
                 w = e;
                 break;
             }
             case BoxType::Combo: {
                 auto* c = new QComboBox(page);
                 for (const char* choice : b.choices) c->addItem(choice);
-                connect(c, &QComboBox::currentTextChanged, this, &RecordEditor::changed);
+                connect(c, &QComboBox::currentTextChanged, this,
+                        Guarded(ctx_.dialogs, [this] { changed(); }));
                 if (std::string(b.field) == "Unit_Of_Measurement")
-                    connect(c, &QComboBox::currentTextChanged, this, &RecordEditor::unitChanged);
+                    connect(c, &QComboBox::currentTextChanged, this,
+                            Guarded(ctx_.dialogs, [this] { unitChanged(); }));
                 w = c;
                 break;
             }
@@ -196,14 +196,16 @@ void RecordEditor::buildHeadersPage(QWidget* page) {
                 auto* d = new QDateEdit(QDate::currentDate(), page);
                 d->setCalendarPopup(true);
                 d->setDisplayFormat("dd/MM/yyyy");
-                connect(d, &QDateEdit::dateChanged, this, &RecordEditor::changed);
+                connect(d, &QDateEdit::dateChanged, this,
+                        Guarded(ctx_.dialogs, [this] { changed(); }));
                 w = d;
                 break;
             }
             case BoxType::Remarks: {
                 remarks = new QTextEdit(page);
                 remarks->setAcceptRichText(false);
-                connect(remarks, &QTextEdit::textChanged, this, &RecordEditor::changed);
+                connect(remarks, &QTextEdit::textChanged, this,
+                        Guarded(ctx_.dialogs, [this] { changed(); }));
                 w = remarks;
                 break;
             }
@@ -252,16 +254,19 @@ void RecordEditor::buildDataPage(QWidget* page) {
     for (int i : {kTableInsertColumn, kTableDeleteColumn, kTableEditSubheader})
         grid_->setTableMenuEnabled(i, false);
     numberRows();
-    connect(grid_, &DataGrid::edited, this, &RecordEditor::changed);
-    connect(grid_, &DataGrid::rowsChanged, this, [this] {
-        numberRows();
-        changed();
-    });
-    connect(grid_, &QTableWidget::currentCellChanged, this, &RecordEditor::cellLeft);
-    connect(grid_, &DataGrid::tableCommand, this, [this](int index) {
-        if (index == kTableInsertRow) InsertRow();
-        if (index == kTableDeleteRow) DeleteRow();
-    });
+    connect(grid_, &DataGrid::edited, this, Guarded(ctx_.dialogs, [this] { changed(); }));
+    connect(grid_, &DataGrid::rowsChanged, this, Guarded(ctx_.dialogs, [this] {
+                numberRows();
+                changed();
+            }));
+    connect(grid_, &QTableWidget::currentCellChanged, this,
+            Guarded(ctx_.dialogs, [this](int row, int col, int previousRow, int previousCol) {
+                cellLeft(row, col, previousRow, previousCol);
+            }));
+    connect(grid_, &DataGrid::tableCommand, this, Guarded(ctx_.dialogs, [this](int index) {
+                if (index == kTableInsertRow) InsertRow();
+                if (index == kTableDeleteRow) DeleteRow();
+            }));
     layout->addWidget(grid_, 1);
 }
 
@@ -415,15 +420,15 @@ void RecordEditor::SaveFile() {
     std::vector<RequiredBox> required;
     for (const HeaderBox& b : kind_.boxes)
         if (b.required) required.push_back({b.caption, boxText(b.field).toStdString()});
-    if (!CheckRequired(required, ctx_.dialogs)) return;
+    if (!ShowNotices(CheckRequired(required), ctx_.dialogs)) return;
     const std::string code = kind_.code;
     if (code == "GIN" && !ValidData()) return;
     if (code == "MSD" && !CheckDates()) return;
     try {
         WaitCursor wait;
-        WriteRecordFile(filePath().toStdString(), ctx_.programFolder.toStdString(), kind_,
+        WriteRecordFile(path_.toStdString(), ctx_.programFolder.toStdString(), kind_,
                         fileFromForm());
-    } catch (const std::exception&) {
+    } catch (const StoreError&) {
         ctx_.dialogs.notify({kFileSaveError, kAppTitle, Buttons::Ok, Icon::Warning});
         return;
     }
@@ -449,8 +454,13 @@ void RecordEditor::SaveFileAs(const QString& path) {
         ctx_.dialogs.notify({kFileSaveError, kAppTitle, Buttons::Ok, Icon::Warning});
         return;
     }
-    setWindowTitle(path);
+    setFilePath(path);
     SaveFile();
+}
+
+void RecordEditor::setFilePath(const QString& path) {
+    path_ = path;
+    setWindowTitle(path);
 }
 
 void RecordEditor::OpenFile() {
@@ -556,12 +566,14 @@ void RecordEditor::closeEvent(QCloseEvent* event) {
         unloading_ = true;
         if (!saved_) {
             const std::string question = kRecordUnsavedText + filePath().toStdString();
-            if (ctx_.dialogs.askYesNo(question, kRecordUnsavedTitle)) {
-                SaveFile();
-            } else {
-                OfferDeleteEmptyFile(filePath().toStdString(), LastGridDataRow(*grid_) > 0 ? 1 : 0,
-                                     ctx_.dialogs);
-            }
+            RunCommand(ctx_.dialogs, [&] {
+                if (ctx_.dialogs.askYesNo(question, kRecordUnsavedTitle)) {
+                    SaveFile();
+                } else {
+                    OfferDeleteEmptyFile(path_.toStdString(), LastGridDataRow(*grid_) > 0 ? 1 : 0,
+                                         ctx_.dialogs);
+                }
+            });
         }
     }
     event->accept();

@@ -53,7 +53,8 @@ class RecordEditor : public QWidget, public DataEditor {
     // DataEditor
     QWidget* widget() override { return this; }
     QString kind() const override { return kind_.code; }
-    QString filePath() const override { return windowTitle(); }
+    QString filePath() const override { return path_; }
+    void setFilePath(const QString& path) override;
     void SaveFileAs(const QString& path) override;
     void SaveFile() override;
     void PrintFile() override;
@@ -99,6 +100,7 @@ class RecordEditor : public QWidget, public DataEditor {
 
     ShellContext& ctx_;
     const RecordKind& kind_;
+    QString path_;  // the file; the caption shows it
     QTabWidget* tabs_ = nullptr;
     DataGrid* grid_ = nullptr;
     DataGrid* output_ = nullptr;

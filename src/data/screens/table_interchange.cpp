@@ -8,6 +8,7 @@
 #include "data/record_kinds.h"
 #include "data/store_routines.h"
 #include "data/table_io.h"
+#include "widgets/command_boundary.h"
 
 namespace norvo::gui {
 
@@ -92,9 +93,11 @@ void AddTableInterchangeEntries(QMenu* fileMenu, QAction* before, ShellContext& 
     import->setObjectName("mnuImportTable");
     auto* exportTable = new QAction(kExportTableTitle, fileMenu);
     exportTable->setObjectName("mnuExportTable");
-    QObject::connect(import, &QAction::triggered, fileMenu, [&ctx] { ImportTableCommand(ctx); });
-    QObject::connect(exportTable, &QAction::triggered, fileMenu,
-                     [&ctx, activePath] { ExportTableCommand(ctx, activePath()); });
+    QObject::connect(import, &QAction::triggered, fileMenu,
+                     Guarded(ctx.dialogs, [&ctx] { ImportTableCommand(ctx); }));
+    QObject::connect(
+        exportTable, &QAction::triggered, fileMenu,
+        Guarded(ctx.dialogs, [&ctx, activePath] { ExportTableCommand(ctx, activePath()); }));
     fileMenu->insertAction(before, import);
     fileMenu->insertAction(before, exportTable);
 }

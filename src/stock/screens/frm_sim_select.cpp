@@ -5,26 +5,11 @@
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QVBoxLayout>
-#include <cmath>
-#include <limits>
 
-#include "base/format.h"
+#include "widgets/command_boundary.h"
+#include "widgets/number_box.h"
 
 namespace norvo::gui {
-
-namespace {
-
-double Number(const QLineEdit* box) {
-    bool ok = false;
-    const double v = box->text().trimmed().toDouble(&ok);
-    return ok ? v : std::numeric_limits<double>::quiet_NaN();
-}
-
-QString Shown(double v) {
-    return QString::fromStdString(Format(v, "0.00"));
-}
-
-}  // namespace
 
 FrmSimSelect::FrmSimSelect(DialogService& dialogs, const SelectionRow& row, QWidget* parent)
     : QDialog(parent), dialogs_(dialogs), row_(row) {
@@ -38,17 +23,17 @@ FrmSimSelect::FrmSimSelect(DialogService& dialogs, const SelectionRow& row, QWid
     }
     txt_[0]->setText(QString::fromStdString(row.area));
     const std::array<double, 5> values = {row.l50, row.l75, row.r75, row.r50, row.fmax};
-    for (size_t i = 0; i < values.size(); ++i) txt_[i + 1]->setText(Shown(values[i]));
+    for (size_t i = 0; i < values.size(); ++i) SetBoxNumber(txt_[i + 1], values[i], "0.00");
     chk_ = new QCheckBox(kSimNegligible, this);
     chk_->setObjectName("chkSimSelect");
     chk_->setChecked(row.deselectionNegligible);
     form->addRow(chk_);
-    connect(chk_, &QCheckBox::toggled, this, [this] { updateRightLimb(); });
+    connect(chk_, &QCheckBox::toggled, this, Guarded(dialogs_, [this] { updateRightLimb(); }));
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->setObjectName("cmdSimSelect");
-    connect(buttons, &QDialogButtonBox::accepted, this, &FrmSimSelect::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &FrmSimSelect::reject);
+    connect(buttons, &QDialogButtonBox::accepted, this, Guarded(dialogs_, [this] { accept(); }));
+    connect(buttons, &QDialogButtonBox::rejected, this, Guarded(dialogs_, [this] { reject(); }));
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(buttons);
@@ -64,12 +49,12 @@ void FrmSimSelect::updateRightLimb() {
 void FrmSimSelect::accept() {
     SelectionRow r;
     r.area = txt_[0]->text().trimmed().toStdString();
-    r.l50 = Number(txt_[1]);
-    r.l75 = Number(txt_[2]);
+    r.l50 = NumberOrNaN(txt_[1]);
+    r.l75 = NumberOrNaN(txt_[2]);
     r.deselectionNegligible = chk_->isChecked();
-    r.r75 = r.deselectionNegligible ? 0.0 : Number(txt_[3]);
-    r.r50 = r.deselectionNegligible ? 0.0 : Number(txt_[4]);
-    r.fmax = Number(txt_[5]);
+    r.r75 = r.deselectionNegligible ? 0.0 : NumberOrNaN(txt_[3]);
+    r.r50 = r.deselectionNegligible ? 0.0 : NumberOrNaN(txt_[4]);
+    r.fmax = NumberOrNaN(txt_[5]);
     if (!SelectionRowValid(r)) {
         dialogs_.notify({kSimRecheckText, kSimRecheckTitle, Buttons::Ok, Icon::Warning});
         return;

@@ -15,33 +15,23 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 #include <cmath>
-#include <limits>
 
 #include "base/format.h"
 #include "stock/screens/frm_sim_select.h"
 #include "stock/simulation_file.h"
+#include "widgets/command_boundary.h"
+#include "widgets/number_box.h"
+#include "widgets/wait_cursor.h"
 
 namespace norvo::gui {
 
 namespace {
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-
-double Number(const QString& text) {
-    bool ok = false;
-    const double v = text.trimmed().toDouble(&ok);
-    return ok ? v : kNaN;
-}
-
 // Whole numbers only; anything else reads as -1, which every range check refuses.
 int Whole(const QString& text) {
-    const double v = Number(text);
+    const double v = NumberOrNaN(text);
     if (!std::isfinite(v) || v != std::floor(v) || std::fabs(v) > 1e9) return -1;
     return static_cast<int>(v);
-}
-
-QString Shown(double v, const char* pattern) {
-    return QString::fromStdString(Format(v, pattern));
 }
 
 QTableWidget* MakeTable(QWidget* parent, const char* name, const QStringList& columns) {
@@ -86,7 +76,7 @@ FrmSimulate::FrmSimulate(ShellContext& ctx, QWidget* parent) : QWidget(parent), 
         auto* more = new QPushButton("...", this);
         more->setObjectName(QString("cmdBrowse_%1").arg(i));
         more->setMaximumWidth(32);
-        connect(more, &QPushButton::clicked, this, [this, i] { browse(i); });
+        connect(more, &QPushButton::clicked, this, Guarded(ctx_.dialogs, [this, i] { browse(i); }));
         files->addWidget(new QLabel(kSimPathLabels[static_cast<size_t>(i)], this), i, 0);
         files->addWidget(box, i, 1);
         files->addWidget(more, i, 2);
@@ -104,10 +94,10 @@ FrmSimulate::FrmSimulate(ShellContext& ctx, QWidget* parent) : QWidget(parent), 
 
     auto* run = new QPushButton(kSimCmdSimulate, this);
     run->setObjectName("cmdSimulate");
-    connect(run, &QPushButton::clicked, this, [this] { cmdSimulate(); });
+    connect(run, &QPushButton::clicked, this, Guarded(ctx_.dialogs, [this] { cmdSimulate(); }));
     auto* close = new QPushButton(kSimCmdClose, this);
     close->setObjectName("cmdClose");
-    connect(close, &QPushButton::clicked, this, [this] { closeScreen(); });
+    connect(close, &QPushButton::clicked, this, Guarded(ctx_.dialogs, [this] { closeScreen(); }));
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(run);
@@ -132,7 +122,8 @@ QWidget* FrmSimulate::buildFileTab() {
         grid->addWidget(txtSimul_[i], static_cast<int>(i), 1);
     }
     grid->setRowStretch(static_cast<int>(txtSimul_.size()), 1);
-    connect(txtSimul_[4], &QLineEdit::editingFinished, this, [this] { resizeYearTable(); });
+    connect(txtSimul_[4], &QLineEdit::editingFinished, this,
+            Guarded(ctx_.dialogs, [this] { resizeYearTable(); }));
     return page;
 }
 
@@ -183,12 +174,14 @@ QWidget* FrmSimulate::buildSelectionTab() {
     grdSelect_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     grdSelect_->setSelectionBehavior(QAbstractItemView::SelectRows);
     grdSelect_->setSelectionMode(QAbstractItemView::SingleSelection);
-    connect(grdSelect_, &QTableWidget::cellDoubleClicked, this, [this] { cmdSelect(1); });
+    connect(grdSelect_, &QTableWidget::cellDoubleClicked, this,
+            Guarded(ctx_.dialogs, [this] { cmdSelect(1); }));
     auto* buttons = new QVBoxLayout;
     for (size_t i = 0; i < kSimSelectCommands.size(); ++i) {
         auto* b = new QPushButton(kSimSelectCommands[i], page);
         b->setObjectName(QString("cmdSelect_%1").arg(i));
-        connect(b, &QPushButton::clicked, this, [this, i] { cmdSelect(static_cast<int>(i)); });
+        connect(b, &QPushButton::clicked, this,
+                Guarded(ctx_.dialogs, [this, i] { cmdSelect(static_cast<int>(i)); }));
         buttons->addWidget(b);
     }
     buttons->addStretch();
@@ -202,7 +195,8 @@ QWidget* FrmSimulate::buildRouteTab() {
     auto* page = new QWidget(this);
     chkSimul_ = new QCheckBox(kSimMigrate, page);
     chkSimul_->setObjectName("chkSimul");
-    connect(chkSimul_, &QCheckBox::toggled, this, [this](bool on) { onMigrateToggled(on); });
+    connect(chkSimul_, &QCheckBox::toggled, this,
+            Guarded(ctx_.dialogs, [this](bool on) { onMigrateToggled(on); }));
     grdRoute_ = MakeTable(page, "grdRoute", Labels(kSimRouteColumns));
     grdRoute_->setRowCount(1);
     auto* grid = new QGridLayout;
@@ -248,24 +242,26 @@ void FrmSimulate::showInputs(const SimulationInputs& in) {
     txtSimul_[0]->setText(QString::number(in.samples));
     txtSimul_[1]->setText(QString::number(in.monthsBetween));
     txtSimul_[2]->setText(QString::number(in.fishPerSample));
-    txtSimul_[3]->setText(Shown(in.classInterval, "0.00"));
+    SetBoxNumber(txtSimul_[3], in.classInterval, "0.00");
     txtSimul_[4]->setText(QString::number(in.ageGroups));
     txtSimul_[5]->setText(QString::number(in.seed));
     const std::array<double, 8> pop = {in.loo, in.looCv, in.k,  in.kCv,
                                        in.c,   in.cCv,   in.wp, in.wpCv};
     for (size_t i = 0; i < pop.size(); ++i)
-        txtPop_[i]->setText(Shown(pop[i], i % 2 ? "0.000" : "0.00"));
+        SetBoxNumber(txtPop_[i], pop[i], i % 2 ? "0.000" : "0.00");
 
     grdYear_->setRowCount(static_cast<int>(in.yearClasses.size()));
     for (size_t a = 0; a < in.yearClasses.size(); ++a) {
         const int row = static_cast<int>(a);
         grdYear_->setItem(row, 0, ReadOnly(QString::number(in.yearClasses[a].age)));
-        grdYear_->setItem(row, 1, new QTableWidgetItem(Shown(in.yearClasses[a].strength, "0.00")));
-        grdYear_->setItem(row, 2, new QTableWidgetItem(Shown(in.yearClasses[a].mortality, "0.00")));
+        grdYear_->setItem(row, 1,
+                          new QTableWidgetItem(NumberText(in.yearClasses[a].strength, "0.00")));
+        grdYear_->setItem(row, 2,
+                          new QTableWidgetItem(NumberText(in.yearClasses[a].mortality, "0.00")));
     }
     for (int m = 0; m < 12; ++m)
         grdRecruit_->setItem(
-            m, 1, new QTableWidgetItem(Shown(in.recruitment[static_cast<size_t>(m)], "0.00")));
+            m, 1, new QTableWidgetItem(NumberText(in.recruitment[static_cast<size_t>(m)], "0.00")));
 
     selection_ = in.selection;
     grdSelect_->setRowCount(static_cast<int>(selection_.size()));
@@ -276,8 +272,8 @@ void FrmSimulate::showInputs(const SimulationInputs& in) {
     grdRoute_->setItem(0, 0, new QTableWidgetItem(QString::fromStdString(in.route.route)));
     grdRoute_->setItem(0, 1, new QTableWidgetItem(QString::fromStdString(in.route.from)));
     grdRoute_->setItem(0, 2, new QTableWidgetItem(QString::fromStdString(in.route.to)));
-    txtMigr_[0]->setText(Shown(in.route.l50, "0.00"));
-    txtMigr_[1]->setText(Shown(in.route.l75, "0.00"));
+    SetBoxNumber(txtMigr_[0], in.route.l50, "0.00");
+    SetBoxNumber(txtMigr_[1], in.route.l75, "0.00");
     const QSignalBlocker block(chkSimul_);
     chkSimul_->setChecked(in.migrate);
     grdRoute_->setEnabled(in.migrate);
@@ -289,28 +285,28 @@ SimulationInputs FrmSimulate::inputs() const {
     in.samples = Whole(txtSimul_[0]->text());
     in.monthsBetween = Whole(txtSimul_[1]->text());
     in.fishPerSample = Whole(txtSimul_[2]->text());
-    in.classInterval = Number(txtSimul_[3]->text());
+    in.classInterval = NumberOrNaN(txtSimul_[3]->text());
     in.ageGroups = Whole(txtSimul_[4]->text());
     in.seed = Whole(txtSimul_[5]->text());
     std::array<double*, 8> pop = {&in.loo, &in.looCv, &in.k,  &in.kCv,
                                   &in.c,   &in.cCv,   &in.wp, &in.wpCv};
-    for (size_t i = 0; i < pop.size(); ++i) *pop[i] = Number(txtPop_[i]->text());
+    for (size_t i = 0; i < pop.size(); ++i) *pop[i] = NumberOrNaN(txtPop_[i]->text());
     for (int row = 0; row < grdYear_->rowCount(); ++row) {
         YearClass y;
         y.age = row;
-        y.strength = Number(Cell(grdYear_, row, 1));
-        y.mortality = Number(Cell(grdYear_, row, 2));
+        y.strength = NumberOrNaN(Cell(grdYear_, row, 1));
+        y.mortality = NumberOrNaN(Cell(grdYear_, row, 2));
         in.yearClasses.push_back(y);
     }
     for (int m = 0; m < 12; ++m)
-        in.recruitment[static_cast<size_t>(m)] = Number(Cell(grdRecruit_, m, 1));
+        in.recruitment[static_cast<size_t>(m)] = NumberOrNaN(Cell(grdRecruit_, m, 1));
     in.selection = selection_;
     in.migrate = chkSimul_->isChecked();
     in.route.route = Cell(grdRoute_, 0, 0).trimmed().toStdString();
     in.route.from = Cell(grdRoute_, 0, 1).trimmed().toStdString();
     in.route.to = Cell(grdRoute_, 0, 2).trimmed().toStdString();
-    in.route.l50 = Number(txtMigr_[0]->text());
-    in.route.l75 = Number(txtMigr_[1]->text());
+    in.route.l50 = NumberOrNaN(txtMigr_[0]->text());
+    in.route.l75 = NumberOrNaN(txtMigr_[1]->text());
     return in;
 }
 
@@ -323,8 +319,8 @@ void FrmSimulate::resizeYearTable() {
     const YearClass fresh;
     for (int row = old; row < n; ++row) {
         grdYear_->setItem(row, 0, ReadOnly(QString::number(row)));
-        grdYear_->setItem(row, 1, new QTableWidgetItem(Shown(fresh.strength, "0.00")));
-        grdYear_->setItem(row, 2, new QTableWidgetItem(Shown(fresh.mortality, "0.00")));
+        grdYear_->setItem(row, 1, new QTableWidgetItem(NumberText(fresh.strength, "0.00")));
+        grdYear_->setItem(row, 2, new QTableWidgetItem(NumberText(fresh.mortality, "0.00")));
     }
 }
 
@@ -346,7 +342,7 @@ void FrmSimulate::setSelectionRow(int row, const SelectionRow& v) {
         const bool notDrawn = v.deselectionNegligible && (i == 2 || i == 3);
         grdSelect_->setItem(
             row, static_cast<int>(i) + 1,
-            new QTableWidgetItem(notDrawn ? QString(kSimNotDrawn) : Shown(values[i], "0.00")));
+            new QTableWidgetItem(notDrawn ? QString(kSimNotDrawn) : NumberText(values[i], "0.00")));
     }
 }
 
@@ -364,17 +360,17 @@ void FrmSimulate::cmdSelect(int index) {
     if (adding) start.area = std::string(1, static_cast<char>('A' + selection_.size() % 26));
     auto* dlg = new FrmSimSelect(ctx_.dialogs, start, this);
     dlg->setAttribute(Qt::WA_DeleteOnClose);
-    connect(dlg, &QDialog::accepted, this, [this, dlg, adding, row] {
-        if (adding) {
-            selection_.push_back(dlg->row());
-            grdSelect_->setRowCount(static_cast<int>(selection_.size()));
-            setSelectionRow(grdSelect_->rowCount() - 1, dlg->row());
-            grdSelect_->selectRow(grdSelect_->rowCount() - 1);
-        } else if (row < static_cast<int>(selection_.size())) {
-            selection_[static_cast<size_t>(row)] = dlg->row();
-            setSelectionRow(row, dlg->row());
-        }
-    });
+    connect(dlg, &QDialog::accepted, this, Guarded(ctx_.dialogs, [this, dlg, adding, row] {
+                if (adding) {
+                    selection_.push_back(dlg->row());
+                    grdSelect_->setRowCount(static_cast<int>(selection_.size()));
+                    setSelectionRow(grdSelect_->rowCount() - 1, dlg->row());
+                    grdSelect_->selectRow(grdSelect_->rowCount() - 1);
+                } else if (row < static_cast<int>(selection_.size())) {
+                    selection_[static_cast<size_t>(row)] = dlg->row();
+                    setSelectionRow(row, dlg->row());
+                }
+            }));
     dlg->setWindowModality(Qt::WindowModal);
     dlg->open();
 }
@@ -393,22 +389,18 @@ void FrmSimulate::browse(int index) {
 
 void FrmSimulate::cmdSimulate() {
     const SimulationInputs in = inputs();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    SimulationResult r;
-    bool done = false;
-    try {
-        done = RunSimulation(in, txtFile_[0]->text().trimmed().toStdString(),
-                             txtFile_[1]->text().trimmed().toStdString(),
-                             ctx_.programFolder.toStdString(), ctx_.dialogs, &r);
-    } catch (...) {
-        QApplication::restoreOverrideCursor();
-        throw;
+    SimulationRun run;
+    {
+        WaitCursor wait;
+        run = RunSimulation(in, txtFile_[0]->text().trimmed().toStdString(),
+                            txtFile_[1]->text().trimmed().toStdString(),
+                            ctx_.programFolder.toStdString());
     }
-    QApplication::restoreOverrideCursor();
-    if (r.dates.empty()) return;  // refused before simulating
-    result_ = std::move(r);
+    ShowNotices(run, ctx_.dialogs);
+    if (run.result.dates.empty()) return;  // refused before simulating
+    result_ = std::move(run.result);
     showResults(in);
-    if (done) tabs_->setCurrentIndex(6);
+    if (run.ok()) tabs_->setCurrentIndex(6);
 }
 
 void FrmSimulate::showResults(const SimulationInputs& in) {
@@ -424,7 +416,7 @@ void FrmSimulate::showResults(const SimulationInputs& in) {
         QTableWidget* t = grdLf_[static_cast<size_t>(set)];
         const LengthFreqTable lf = LengthFreq(result_, set);
         QStringList columns = Labels(kSimStatsColumns);
-        for (int c = 0; c < lf.classes; ++c) columns << Shown(lf.midlength(c), "0.00");
+        for (int c = 0; c < lf.classes; ++c) columns << NumberText(lf.midlength(c), "0.00");
         QStringList rows;
         for (const auto& d : result_.dates)
             rows << QString::fromStdString(Format(d.day, "00") + "/" + Format(d.month, "00") + "/" +
@@ -437,8 +429,8 @@ void FrmSimulate::showResults(const SimulationInputs& in) {
         for (int s = 0; s < t->rowCount(); ++s) {
             const SampleStats& st = lf.stats[static_cast<size_t>(s)];
             t->setItem(s, 0, ReadOnly(QString::number(st.count)));
-            t->setItem(s, 1, ReadOnly(Shown(st.mean, "0.00")));
-            t->setItem(s, 2, ReadOnly(Shown(st.sd, "0.000")));
+            t->setItem(s, 1, ReadOnly(NumberText(st.mean, "0.00")));
+            t->setItem(s, 2, ReadOnly(NumberText(st.sd, "0.000")));
             for (int c = 0; c < lf.classes; ++c)
                 t->setItem(s, 3 + c,
                            ReadOnly(QString::number(

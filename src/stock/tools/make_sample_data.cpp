@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <iostream>
 
-#include "base/headless_dialogs.h"
 #include "stock/sample_files.h"
 #include "stock/simulation_file.h"
 
@@ -20,14 +19,13 @@ int main(int argc, char** argv) {
     const std::string program = folder.string();
     auto at = [&](const char* name) { return (folder / name).string(); };
     const SimulationInputs in = DefaultSimulationInputs();
-    HeadlessDialogs dialogs;
     try {
-        SimulationResult run;
-        if (!RunSimulation(in, at(kSimStockFile), at(kSimCatchFile), program, dialogs, &run)) {
-            const UserNotice& n = dialogs.shown().back();
-            std::cerr << n.title << ": " << n.text << "\n";
+        const SimulationRun sim = RunSimulation(in, at(kSimStockFile), at(kSimCatchFile), program);
+        if (const UserNotice* n = sim.refusal()) {
+            std::cerr << n->title << ": " << n->text << "\n";
             return 1;
         }
+        const SimulationResult& run = sim.result;
         const std::string today = SimulationDateText();
         SaveTagging(at(kSimTaggingFile), program, SimulateTagging(in, 40), today);
         SaveAgeLength(at(kSimAgeLengthFile), program, SimulateAgeLength(in, 60), run.dates.front(),

@@ -17,10 +17,11 @@
 #include <filesystem>
 #include <fstream>
 
-#include "data/data_store.h"
 #include "data/lfq_file.h"
 #include "data/screens/frm_lfq_sub.h"
 #include "data/screens/frm_tip1.h"
+#include "numerics/text_convert.h"
+#include "support/lfq_fixtures.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/data_grid.h"
@@ -46,16 +47,12 @@ class LfqEditorTest : public ::testing::Test {
     std::deque<SubFill> fills;
     int tipsShown = 0;
 
-    std::string newFile(const std::string& name = "new.lfq") {
-        const std::string path = dir.file(name);
-        fs::copy_file(test::BinDir() / "Templates" / "Template.LFQ", path);
-        return path;
-    }
+    std::string newFile(const std::string& name = "new.lfq") { return test::NewLfq(dir, name); }
 
     std::unique_ptr<FrmLfq> editorOn(const std::string& path) {
         auto e = std::make_unique<FrmLfq>(ctx);
         e->setAttribute(Qt::WA_DeleteOnClose, false);
-        e->setWindowTitle(QString::fromStdString(path));
+        e->setFilePath(QString::fromStdString(path));
         e->runTip = [this](FrmTip1& tip) {
             ++tipsShown;
             tip.dontShowBox()->setChecked(true);
@@ -98,38 +95,15 @@ class LfqEditorTest : public ::testing::Test {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    // A saved file: header, `samples` columns dated 1/(s+1)/2001, `classes` rows of s*100+c.
+    // A saved file: header, `samples` columns dated the 1st of each month from January 2001,
+    // `classes` rows of s*100+c.
     std::string savedFile(int samples, int classes, const std::string& name = "saved.lfq") {
-        const std::string path = newFile(name);
-        LfqHeader h;
-        h.speciesname = "Nemipterus";
-        h.unitOfMeasurement = "cm";
-        h.typeOfMeasurement = "Fork length (FL)";
-        h.smallestMl = 7.5;
-        h.classInterval = 1;
-        std::vector<LfqSample> s(samples);
         std::vector<std::vector<double>> freq(classes, std::vector<double>(samples));
-        for (int j = 0; j < samples; ++j) {
-            s[j].sampleNo = static_cast<int16_t>(j + 1);
-            s[j].samplingDay = 1;
-            s[j].samplingMonth = static_cast<int16_t>(j % 12 + 1);
-            s[j].samplingYear = 2001 + j / 12;
+        for (int j = 0; j < samples; ++j)
             for (int c = 0; c < classes; ++c) freq[c][j] = j * 100 + c;
-        }
-        WriteLfqFile(path, h, s, freq);
-        return path;
-    }
-
-    static std::vector<std::string> dump(const std::string& path, const char* table) {
-        DataStore store = DataStore::open(path);
-        Records rs = store.openRecords(table);
-        std::vector<std::string> out;
-        for (; !rs.endOfRecords(); rs.moveNext()) {
-            std::string line;
-            for (const auto& f : rs.fieldNames()) line += AsText(rs.getField(f)) + "|";
-            out.push_back(line);
-        }
-        return out;
+        return test::MakeLfqFile(dir.file(name),
+                                 test::LfqHeaderOf("Nemipterus", "cm", 7.5, 1, "Fork length (FL)"),
+                                 test::MonthlySamples(samples, 1, 2001), freq);
     }
 };
 
@@ -231,7 +205,7 @@ TEST_F(LfqEditorTest, NewFileToSavedChronologicalFileAndBack) {
     WriteLfqFile(copy, h, ReadSampleHeaders(path), session.lfqData.freq);
     // Sample_LF is renumbered in place, so only its keys, not its physical order, are kept.
     for (const char* t : {kTableGroupedLf, kTableSampleLf, kTableGlfMeasures}) {
-        auto a = dump(copy, t), b = dump(path, t);
+        auto a = test::DumpTable(copy, t), b = test::DumpTable(path, t);
         if (t == std::string(kTableSampleLf)) {
             std::sort(a.begin(), a.end());
             std::sort(b.begin(), b.end());
@@ -263,7 +237,7 @@ TEST_F(LfqEditorTest, HeaderChecksRefuseWhatCannotBeSaved) {
     EXPECT_EQ(dialogs.last().text,
               "The fields Species name and Smallest class midlength are required. Please fill "
               "appropriate values.");
-    EXPECT_TRUE(dump(ed->filePath().toStdString(), kTableGroupedLf).empty());
+    EXPECT_TRUE(test::DumpTable(ed->filePath().toStdString(), kTableGroupedLf).empty());
 }
 
 TEST_F(LfqEditorTest, SubheaderRefusesAnInvalidDateAndWritesNothing) {
@@ -296,11 +270,34 @@ TEST_F(LfqEditorTest, SubheaderRefusesAnInvalidDateAndWritesNothing) {
     EXPECT_EQ(back.yearBox()->text(), "2001");
 }
 
+// With a comma separator the stored numbers come back into the boxes as the user types them,
+// so that reopening and saving keeps them.
+TEST_F(LfqEditorTest, StoredNumbersSurviveACommaSeparator) {
+    struct Comma {
+        Comma() { SetDecimalSeparator(','); }
+        ~Comma() { ResetDecimalSeparator(); }
+    } comma;
+    const std::string path = savedFile(1, 3);
+    LfqSample s = test::SampleOn(1, 1, 1, 2001);
+    s.depth = 12.5f;
+    WriteSampleHeader(path, s);
+    FrmLfqSub sub(path, 1, dialogs, session.numericKeys);
+    EXPECT_EQ(sub.findChild<QLineEdit*>("txtDepth")->text(), "12,5");
+    EXPECT_EQ(sub.sampleFromBoxes().depth, 12.5f);
+
+    auto ed = editorOn(path);
+    ed->OpenFile();
+    EXPECT_EQ(ed->txtLFQ(2)->text(), "7,5");
+    ed->SaveFile();
+    EXPECT_TRUE(dialogs.shown.empty()) << dialogs.last().text;
+    EXPECT_EQ(ReadLfqHeader(path)->smallestMl, 7.5f);
+}
+
 TEST_F(LfqEditorTest, SampleWithoutDateStopsTheSave) {
     // Measures for two samples, but only one sample header left in the file.
     const std::string path = savedFile(2, 4);
     WriteDatesOnly(path, {"1/1/2001"});
-    const auto measuresBefore = dump(path, kTableGlfMeasures);
+    const auto measuresBefore = test::DumpTable(path, kTableGlfMeasures);
     auto ed = editorOn(path);
     ed->OpenFile();
     ASSERT_EQ(ed->grid()->maxCols(), 2);
@@ -312,8 +309,8 @@ TEST_F(LfqEditorTest, SampleWithoutDateStopsTheSave) {
     EXPECT_EQ(dialogs.last().text,
               "Sample No.2 does not have a sampling date. Data was not be saved to disk. Please "
               "correct the error and try again.");
-    EXPECT_EQ(dump(path, kTableGlfMeasures), measuresBefore);
-    EXPECT_EQ(dump(path, kTableGroupedLf).front().substr(0, 11), "Nemipterus|");
+    EXPECT_EQ(test::DumpTable(path, kTableGlfMeasures), measuresBefore);
+    EXPECT_EQ(test::DumpTable(path, kTableGroupedLf).front().substr(0, 11), "Nemipterus|");
     EXPECT_FALSE(FrmLfq::savedFlag());
 }
 
@@ -330,7 +327,7 @@ TEST_F(LfqEditorTest, CorruptedFileIsReportedOnOpen) {
 
 TEST_F(LfqEditorTest, DeletingSamplesChangesSampleHeadersAtOnceAndAnEmptyGridOffersDeletion) {
     const std::string path = savedFile(3, 5);
-    const auto measuresBefore = dump(path, kTableGlfMeasures);
+    const auto measuresBefore = test::DumpTable(path, kTableGlfMeasures);
     auto ed = editorOn(path);
     ed->OpenFile();
     dialogs.answers = {Answer::Yes};
@@ -356,7 +353,7 @@ TEST_F(LfqEditorTest, DeletingSamplesChangesSampleHeadersAtOnceAndAnEmptyGridOff
     ASSERT_EQ(dialogs.shown.size(), 1u);
     EXPECT_EQ(dialogs.last().text, "The grid is empty. Do you wish to delete this file?");
     EXPECT_TRUE(fs::exists(path));
-    EXPECT_EQ(dump(path, kTableGlfMeasures), measuresBefore);  // nothing saved
+    EXPECT_EQ(test::DumpTable(path, kTableGlfMeasures), measuresBefore);  // nothing saved
     EXPECT_FALSE(FrmLfq::savedFlag());
 
     dialogs.answers = {Answer::Yes};
@@ -377,7 +374,7 @@ TEST_F(LfqEditorTest, ClosingAsksAboutUnsavedChanges) {
     ASSERT_EQ(dialogs.shown.size(), 1u);
     EXPECT_EQ(dialogs.last().title, "Unsaved Changes");
     EXPECT_EQ(dialogs.last().text, "Do you want to save changes you made to " + path);
-    EXPECT_EQ(ReadLfqHeader(path, dialogs).otherId, "");
+    EXPECT_EQ(ReadLfqHeader(path)->otherId, "");
 
     auto second = editorOn(path);
     second->OpenFile();
@@ -385,7 +382,7 @@ TEST_F(LfqEditorTest, ClosingAsksAboutUnsavedChanges) {
     second->txtLFQ(1)->setText("kept");
     dialogs.answers = {Answer::Yes};
     second->close();
-    EXPECT_EQ(ReadLfqHeader(path, dialogs).otherId, "kept");
+    EXPECT_EQ(ReadLfqHeader(path)->otherId, "kept");
 }
 
 TEST_F(LfqEditorTest, CancelledNewSampleDisappearsAndActivationMarksTheFile) {

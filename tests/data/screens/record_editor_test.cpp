@@ -42,7 +42,7 @@ class RecordEditorTest : public ::testing::Test {
                                            bool open) {
         auto e = std::make_unique<RecordEditor>(ctx, *FindRecordKind(code));
         e->setAttribute(Qt::WA_DeleteOnClose, false);
-        e->setWindowTitle(QString::fromStdString(path));
+        e->setFilePath(QString::fromStdString(path));
         if (open) e->OpenFile();
         return e;
     }
@@ -242,6 +242,7 @@ TEST_F(RecordEditorTest, VariableClassesCannotBeSavedAsGrouped) {
     e->SaveFileAs(QString::fromStdString(copy));
     EXPECT_TRUE(fs::exists(copy));
     EXPECT_EQ(e->filePath().toStdString(), copy);
+    EXPECT_EQ(e->windowTitle().toStdString(), copy);  // the caption shows the new path
 }
 
 TEST_F(RecordEditorTest, WeightUnitsTurnTheUngroupedColumnIntoWeights) {

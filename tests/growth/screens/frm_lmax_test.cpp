@@ -8,7 +8,7 @@
 #include <QTableWidget>
 #include <filesystem>
 
-#include "data/lfq_file.h"
+#include "support/lfq_fixtures.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
@@ -19,27 +19,9 @@ namespace fs = std::filesystem;
 
 // Classes 40, 42, 44, 46 cm; one vector of frequencies per sample.
 std::string WriteLfq(const test::TempDir& dir, const std::vector<std::vector<double>>& bySample) {
-    const std::string path = dir.file("x.lfq");
-    fs::copy_file(test::BinDir() / "Templates" / "Template.LFQ", path);
-    LfqHeader h;
-    h.speciesname = "Test fish";
-    h.unitOfMeasurement = "cm";
-    h.typeOfMeasurement = "Total length (TL)";
-    h.smallestMl = 40;
-    h.classInterval = 2;
-    std::vector<LfqSample> samples;
-    std::vector<std::vector<double>> freq(4, std::vector<double>(bySample.size()));
-    for (size_t s = 0; s < bySample.size(); ++s) {
-        LfqSample sample;
-        sample.sampleNo = static_cast<int16_t>(s + 1);
-        sample.samplingDay = 1;
-        sample.samplingMonth = static_cast<int16_t>(s + 1);
-        sample.samplingYear = 2001;
-        samples.push_back(sample);
-        for (size_t c = 0; c < 4; ++c) freq[c][s] = bySample[s][c];
-    }
-    WriteLfqFile(path, h, samples, freq);
-    return path;
+    return test::MakeLfqFile(
+        dir.file("x.lfq"), test::LfqHeaderOf("Test fish", "cm", 40, 2, "Total length (TL)"),
+        test::MonthlySamples(static_cast<int>(bySample.size()), 1, 2001), test::ByClass(bySample));
 }
 
 struct FrmLmaxTest : ::testing::Test {

@@ -26,6 +26,7 @@
 #include "selection/screens/frm_probability.h"
 #include "selection/screens/frm_probability2.h"
 #include "stock/simulation.h"
+#include "support/lfq_fixtures.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/plot_view.h"
@@ -64,23 +65,9 @@ struct CatchCurveRoad : ::testing::Test {
         for (auto& yc : in.yearClasses) yc.mortality = 0.4;
         in.selection = {SelectionRow{"A", 20.0, 24.0, 0, 0, 0.6, true}};
         const auto table = LengthFreq(Simulate(in), SimSet::Catch);
-        ASSERT_TRUE(CopyTemplate(path, test::BinDir().string()));
-        LfqHeader h;
-        h.speciesname = "Simulated fish";
-        h.unitOfMeasurement = "cm";
-        h.smallestMl = table.smallestMl;
-        h.classInterval = table.classInterval;
-        h.noOfClasses = table.classes;
-        h.noOfSamples = in.samples;
-        h.largestMl = table.midlength(table.classes - 1);
-        std::vector<LfqSample> samples(static_cast<size_t>(in.samples));
-        for (int s = 0; s < in.samples; ++s) {
-            samples[s].sampleNo = static_cast<int16_t>(s + 1);
-            samples[s].samplingDay = 15;
-            samples[s].samplingMonth = static_cast<int16_t>(s + 1);
-            samples[s].samplingYear = 2001;
-        }
-        WriteLfqFile(path, h, samples, table.freq);
+        test::MakeLfqFile(
+            path, test::LfqHeaderOf("Simulated fish", "cm", table.smallestMl, table.classInterval),
+            test::MonthlySamples(in.samples, 15, 2001), table.freq);
         settings.setRunTime(kKeyLastActive, path);
     }
 

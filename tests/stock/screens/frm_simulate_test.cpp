@@ -9,6 +9,7 @@
 #include <QTest>
 #include <filesystem>
 
+#include "numerics/text_convert.h"
 #include "stock/screens/frm_sim_select.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
@@ -147,6 +148,31 @@ TEST(FrmSimulate, TextThatIsNotANumberIsRefusedBeforeAnythingIsWritten) {
     EXPECT_EQ(f.dialogs.last().title, "Invalid Input...");
     EXPECT_FALSE(std::filesystem::exists(dir.file("s.lfq")));
     EXPECT_EQ(f.form.ageDistTable()->rowCount(), 0);
+
+    // A blank box is not 0: C may be 0, but a blank C is refused.
+    f.form.populationBox(0)->setText("30");
+    f.form.populationBox(4)->clear();
+    f.form.cmdSimulate();
+    ASSERT_EQ(f.dialogs.shown.size(), 2u);
+    EXPECT_EQ(f.dialogs.last().text,
+              "The amplitude of oscillation (C) should be within the range of 0.00 to 1.00. "
+              "Please correct input.");
+    EXPECT_FALSE(std::filesystem::exists(dir.file("s.lfq")));
+}
+
+TEST(FrmSimulate, BoxesShowAndReadNumbersWithTheLocaleSeparator) {
+    struct Comma {
+        Comma() { SetDecimalSeparator(','); }
+        ~Comma() { ResetDecimalSeparator(); }
+    } comma;
+    Fixture f;
+    EXPECT_EQ(f.form.populationBox(0)->text(), "30,00");
+    EXPECT_EQ(f.form.populationBox(1)->text(), "0,200");
+    f.form.populationBox(2)->setText("1,25");
+    const SimulationInputs in = f.form.inputs();
+    EXPECT_EQ(in.loo, 30.0);
+    EXPECT_EQ(in.k, 1.25);
+    EXPECT_FALSE(CheckSimulationInputs(in).has_value());
 }
 
 }  // namespace
