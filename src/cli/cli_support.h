@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "app/session.h"
 #include "base/headless_dialogs.h"
 #include "base/outcome.h"
 #include "base/settings_store.h"
+#include "data/read_result.h"
 
 namespace norvo::cli {
 
@@ -26,11 +26,10 @@ struct Refusal : std::runtime_error {
         : std::runtime_error(message), title(std::move(t)) {}
 };
 
-// What every command gets: the options common to all, a session and headless services.
+// What every command gets: the options common to all and the headless services.
 struct Context {
     bool json = false;
     std::string programFolder;  // folder of the executable (Templates/ beside it)
-    Session session;
     MemorySettingsStore settings;
     HeadlessDialogs dialogs{Answer::Yes};  // questions are answered Yes; notices are kept
 
@@ -52,6 +51,17 @@ struct Context {
         for (const UserNotice& n : dialogs.shown())
             list.push_back({{"title", n.title}, {"text", n.text}});
         return list;
+    }
+    // The data a reader gave, or the end of the command with the reader's notice (exit 2).
+    template <class T>
+    T read(ReadResult<T> result) {
+        if (!result) {
+            const UserNotice& n = result.error().notice;
+            Outcome failed;
+            failed.refuse(n.text, n.title, n.icon);
+            take(failed);
+        }
+        return std::move(result).value();
     }
     // Prints a JSON object; it carries "notices" (every notice shown on the way) unless the
     // command has put its own there.

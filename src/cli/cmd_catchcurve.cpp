@@ -55,9 +55,7 @@ void RunCatchCurve(Context& ctx, const CatchCurveCliOptions& o) {
     opt.growth.t0 = GrowthValue(o.t0);
     // The parameters are checked before the file is read.
     ctx.take(ValidateGrowthParams(opt.growth));
-    ctx.session.readLfq(o.path, ctx.dialogs);
-    if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
-    const LfqData& data = ctx.session.lfqData;
+    const LfqData data = ctx.read(ReadLFQ(o.path));
 
     opt.temporal = o.temporal;
     if (o.transform == "percent")

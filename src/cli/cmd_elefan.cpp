@@ -15,17 +15,6 @@ CLI::App& ElefanCommand(CLI::App& app) {
     return *cmd;
 }
 
-LfqData ReadLfqOrRefuse(Context& ctx, const std::string& path) {
-    ReadResult<LfqData> read = ReadLFQ(path);
-    if (!read) {
-        const UserNotice& n = read.error().notice;
-        Outcome failed;
-        failed.refuse(n.text, n.title, n.icon);
-        ctx.take(failed);
-    }
-    return std::move(read).value();
-}
-
 double Shortest(float v) {
     char buf[32];
     const auto res = std::to_chars(buf, buf + sizeof buf, v);

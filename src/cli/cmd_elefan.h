@@ -15,8 +15,6 @@ CLI::App& ElefanCommand(CLI::App& app);
 
 // Reads a grouped length-frequency file; one that can't be read refuses the command with the
 // reader's notice.
-LfqData ReadLfqOrRefuse(Context& ctx, const std::string& path);
-
 // A float as the shortest decimal that reads back as the same float.
 double Shortest(float v);
 

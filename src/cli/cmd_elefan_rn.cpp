@@ -6,6 +6,7 @@
 #include "base/format.h"
 #include "cli/cli_support.h"
 #include "cli/cmd_elefan.h"
+#include "data/lfq_file.h"
 #include "growth/elefan.h"
 #include "growth/elefan_lfq.h"
 
@@ -19,7 +20,7 @@ struct RnOptions {
 };
 
 void RunRn(Context& ctx, const RnOptions& o) {
-    const LfqData data = ReadLfqOrRefuse(ctx, o.path);
+    const LfqData data = ctx.read(ReadLFQ(o.path));
     const ElefanModel model = RestructureElefan(ElefanInputFromLfq(data));
 
     GrowthParams p;

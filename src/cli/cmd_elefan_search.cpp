@@ -11,6 +11,7 @@
 #include "base/format.h"
 #include "cli/cli_support.h"
 #include "cli/cmd_elefan.h"
+#include "data/lfq_file.h"
 #include "growth/elefan.h"
 #include "growth/elefan_search.h"
 #include "growth/elefan_search_engine.h"
@@ -55,7 +56,7 @@ struct Loaded {
 };
 
 Loaded Load(Context& ctx, const Common& o) {
-    const LfqData data = ReadLfqOrRefuse(ctx, o.path);
+    const LfqData data = ctx.read(ReadLFQ(o.path));
     Loaded l;
     l.scorer = MakeElefanScorer(data);
     l.rn =

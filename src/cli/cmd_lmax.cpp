@@ -28,9 +28,7 @@ void EnsureGuiApplication() {
 }
 
 void RunLmax(Context& ctx, const LmaxOptions& o) {
-    ctx.session.readLfq(o.path, ctx.dialogs);
-    if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
-    const LfqData& data = ctx.session.lfqData;
+    const LfqData data = ctx.read(ReadLFQ(o.path));
     const auto extremes = ExtremeLengths(data);
     if (extremes.size() < 2) throw Refusal(kLmaxTooFewTitle, kLmaxTooFewMessage);
     const auto fit = GumbelFit(extremes);

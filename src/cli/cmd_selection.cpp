@@ -18,9 +18,7 @@ struct SelectionCliOptions {
 };
 
 void RunSelection(Context& ctx, const SelectionCliOptions& o) {
-    const auto read = ctx.session.readPrb(o.path, ctx.dialogs);
-    if (!read) ctx.refuseWithLastNotice();
-    const PrbData& prb = *read;
+    const PrbData prb = ctx.read(ReadPRB(o.path));
     if (prb.length.empty()) throw Refusal(kSelInvalidActionTitle, kSelTooFewPointsText);
     SelectionInput in = SelectionInputFromPrb(prb.length, prb.probability);
 
@@ -44,10 +42,9 @@ void RunSelection(Context& ctx, const SelectionCliOptions& o) {
         curve = RunningAverage(in);
     }
     if (!o.save.empty())
-        SaveProbabilities(o.save, ctx.programFolder,
-                          {ctx.session.lfqData.speciesname, ctx.session.lfqData.otherId,
-                           ctx.session.lfqData.unitOfMeasurement},
-                          in);
+        SaveProbabilities(
+            o.save, ctx.programFolder,
+            {prb.header.speciesname, prb.header.otherId, prb.header.unitOfMeasurement}, in);
     if (ctx.json) {
         ctx.print({{"L25", curve.l25},
                    {"L50", curve.l50},

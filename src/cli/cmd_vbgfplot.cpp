@@ -7,6 +7,7 @@
 #include "base/fault.h"
 #include "cli/cli_support.h"
 #include "cli/cmd_elefan.h"
+#include "data/lfq_file.h"
 #include "growth/vbgf_plot.h"
 #include "numerics/text_convert.h"
 #include "plot/render/canvas_renderer.h"
@@ -41,7 +42,7 @@ struct VbgfPlotOptions {
 };
 
 void RunVbgfPlot(Context& ctx, const VbgfPlotOptions& o) {
-    const LfqData data = ReadLfqOrRefuse(ctx, o.path);
+    const LfqData data = ctx.read(ReadLFQ(o.path));
     const CurveInputs in{ParameterNumber(o.loo), ParameterNumber(o.k),  ParameterNumber(o.c),
                          ParameterNumber(o.wp),  ParameterNumber(o.ss), ParameterNumber(o.sl)};
     const CurveCheck check = CheckCurveInputs(in, data);

@@ -9,10 +9,8 @@ namespace norvo::cli {
 
 namespace {
 
-const LfqData& ReadOrRefuse(Context& ctx, const std::string& path) {
-    ctx.session.readLfq(path, ctx.dialogs);
-    if (ctx.session.fileReadFailed) ctx.refuseWithLastNotice();
-    return ctx.session.lfqData;
+LfqData ReadOrRefuse(Context& ctx, const std::string& path) {
+    return ctx.read(ReadLFQ(path));
 }
 
 // A frequency as stored: a 32-bit value in its shortest form.
