@@ -5,36 +5,15 @@
 #include <fstream>
 #include <sstream>
 
+#include "support/report_fakes.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
 namespace norvo {
 namespace {
 
-// Records what the report flow did to the output screen.
-struct FakeOutput : ReportOutput {
-    std::vector<std::string> calls;
-    ReportDescriptor filled;
-    void fill(const ReportDescriptor& r) override {
-        filled = r;
-        calls.push_back("fill");
-    }
-    void setPicture(const CanvasImage&) override { calls.push_back("picture"); }
-    bool printToFileChosen() const override { return false; }
-    void printPage() override { calls.push_back("print"); }
-    void unload() override { calls.push_back("unload"); }
-};
-
-// A saver that records the paths and succeeds.
-struct FakeSaver {
-    std::vector<std::string> paths;
-    PlotSaver fn() {
-        return [this](const ChartCanvas&, const std::string& p) {
-            paths.push_back(p);
-            return true;
-        };
-    }
-};
+using test::FakeOutput;
+using test::FakeSaver;
 
 TEST(ReportELEFAN1, PrintModeFillsTheElefanPageInOrder) {
     Elefan1ReportInfo info;
