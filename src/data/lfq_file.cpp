@@ -231,6 +231,25 @@ ReadResult<LfqData> ReadLFQ(const std::string& path) {
     }
 }
 
+namespace {
+
+// The Grouped_LF fields of a header, with the file's path; closes the records.
+void ReadHeaderRecord(Records& header, const std::string& path, LfqHeader& h) {
+    LfqData d;
+    ReadHeaderFields(header, d);
+    header.close();
+    h.speciesname = d.speciesname;
+    h.otherId = d.otherId;
+    h.unitOfMeasurement = d.unitOfMeasurement;
+    h.typeOfMeasurement = d.typeOfMeasurement;
+    h.remarks = d.remarks;
+    h.smallestMl = d.smallestMl;
+    h.classInterval = d.classInterval;
+    h.path = path;
+}
+
+}  // namespace
+
 ReadResult<LfqHeader> ReadLfqHeader(const std::string& path) {
     LfqHeader h;
     double maxMid = 0;
@@ -241,17 +260,7 @@ ReadResult<LfqHeader> ReadLfqHeader(const std::string& path) {
         if (header.endOfRecords()) {
             return ReadError{path, {kFileEmptyText, kAppTitle, Buttons::Ok, Icon::None}};
         }
-        LfqData d;
-        ReadHeaderFields(header, d);
-        header.close();
-        h.speciesname = d.speciesname;
-        h.otherId = d.otherId;
-        h.unitOfMeasurement = d.unitOfMeasurement;
-        h.typeOfMeasurement = d.typeOfMeasurement;
-        h.remarks = d.remarks;
-        h.smallestMl = d.smallestMl;
-        h.classInterval = d.classInterval;
-        h.path = path;
+        ReadHeaderRecord(header, path, h);
 
         Records distinct =
             store.openRecords("SELECT DISTINCT [SampleNo] FROM [Sample_LF] WHERE [SampleNo]>0");
@@ -285,18 +294,8 @@ ReadResult<LfqSheet> ReadLfqSheet(const std::string& path) {
         DataStore store = DataStore::open(path);
         Records header = store.openRecords("SELECT * FROM [Grouped_LF]");
         if (header.endOfRecords()) return InvalidDataError(path);
-        LfqData d;
-        ReadHeaderFields(header, d);
-        header.close();
         LfqHeader& h = sheet.header;
-        h.speciesname = d.speciesname;
-        h.otherId = d.otherId;
-        h.unitOfMeasurement = d.unitOfMeasurement;
-        h.typeOfMeasurement = d.typeOfMeasurement;
-        h.remarks = d.remarks;
-        h.smallestMl = d.smallestMl;
-        h.classInterval = d.classInterval;
-        h.path = path;
+        ReadHeaderRecord(header, path, h);
 
         Records measures = store.openRecords("SELECT * FROM [GLF_Measures]");
         std::vector<std::pair<int64_t, double>> all;  // SampleNo, Frequency
