@@ -32,7 +32,8 @@ std::vector<std::string> Query(const std::string& path, const std::string& sql) 
         std::string row;
         for (int i = 0; i < sqlite3_column_count(st); ++i) {
             const auto* t = sqlite3_column_text(st, i);
-            row += (i ? "|" : "") + std::string(t ? reinterpret_cast<const char*>(t) : "");
+            if (i) row += '|';
+            if (t) row += reinterpret_cast<const char*>(t);
         }
         rows.push_back(row);
     }
