@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QHBoxLayout>
 #include <QPushButton>
 #include <QWidget>
 
@@ -119,6 +120,7 @@ TEST(CommandBoundary, CalculatorButtonsRunThroughTheBoundary) {
     int printed = 0;
     const CalcButtons b = AddCalcButtons(
         &owner, dialogs, [] { ThrowDivisionByZero(); }, [&printed] { ++printed; });
+    owner.setLayout(b.row);  // the screen's layout owns the row
     b.compute->click();
     EXPECT_EQ(dialogs.last().title, "Programming Defect...");
     b.print->click();
