@@ -16,7 +16,11 @@ std::optional<double> ParseBoxText(const QString& text) {
     const std::string t = text.trimmed().toStdString();
     if (t.empty()) return 0.0;
     double v = 0;
-    if (!ParseNumber(t, v)) return std::nullopt;
+    try {
+        if (!ParseNumber(t, v)) return std::nullopt;
+    } catch (const ArithmeticFault&) {
+        return std::nullopt;  // beyond the range of a double: not a number a box can hold
+    }
     return v;
 }
 
@@ -31,11 +35,7 @@ std::optional<double> BoxNumber(const QComboBox* box) {
 double NumberOrNaN(const QString& text) {
     constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
     if (text.trimmed().isEmpty()) return kNaN;
-    try {
-        return ParseBoxText(text).value_or(kNaN);
-    } catch (const ArithmeticFault&) {
-        return kNaN;  // beyond the range of a double
-    }
+    return ParseBoxText(text).value_or(kNaN);
 }
 
 double NumberOrNaN(const QLineEdit* box) {

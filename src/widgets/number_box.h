@@ -12,7 +12,8 @@ class QLineEdit;
 namespace norvo::gui {
 
 // The number in a text: blanks around it ignored, an empty text is 0 (the classic rule), the
-// locale's decimal separator; nothing when the text is not a number.
+// locale's decimal separator; nothing when the text is not a number (one beyond the range of a
+// double included).
 std::optional<double> ParseBoxText(const QString& text);
 std::optional<double> BoxNumber(const QLineEdit* box);
 std::optional<double> BoxNumber(const QComboBox* box);

@@ -13,7 +13,6 @@
 #include "chart/kind_a.h"
 #include "growth/elefan_search_plot.h"
 #include "growth/growth_settings.h"
-#include "growth/screens/parameter_field.h"
 #include "widgets/command_boundary.h"
 #include "widgets/number_box.h"
 #include "widgets/plot_view.h"
@@ -236,8 +235,7 @@ void ElefanKScanPage::plot() {
 }
 
 void ElefanKScanPage::report() {
-    Elefan1ReportInfo info =
-        MakeElefan1ReportInfo(shared_.file, ParameterNumber(c_), ParameterNumber(wp_));
+    Elefan1ReportInfo info = MakeElefan1ReportInfo(shared_.file, BoxNumber(c_), BoxNumber(wp_));
     if (result_) info.results.fields = ElefanResultFields(result_->best);
     RunElefanReport(shared_.ctx, view_->canvas(), Elefan1ReportMode::Print, info);
 }

@@ -11,7 +11,6 @@
 #include <QVBoxLayout>
 
 #include "growth/growth_settings.h"
-#include "growth/screens/parameter_field.h"
 #include "widgets/command_boundary.h"
 #include "widgets/number_box.h"
 
@@ -193,7 +192,7 @@ void ElefanSearchPage::plot() {
 
 void ElefanSearchPage::report() {
     Elefan1ReportInfo info =
-        MakeElefan1ReportInfo(shared_.file, ParameterNumber(cSeed_), ParameterNumber(wpSeed_));
+        MakeElefan1ReportInfo(shared_.file, BoxNumber(cSeed_), BoxNumber(wpSeed_));
     if (!rows_.empty()) info.results.fields = ElefanResultFields(rows_.back());
     RunElefanReport(shared_.ctx, ChartCanvas(), Elefan1ReportMode::Print, info);
 }

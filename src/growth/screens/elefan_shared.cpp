@@ -7,7 +7,6 @@
 #include <QLineEdit>
 
 #include "growth/screens/frm_vbgf_plot.h"
-#include "growth/screens/parameter_field.h"
 #include "widgets/number_box.h"
 #include "widgets/output_screen.h"
 
@@ -78,7 +77,7 @@ void FillStartLists(QComboBox* samples, QComboBox* lengths, const RnLayout& layo
 void FillLengths(const QComboBox* samples, QComboBox* lengths, const RnLayout& layout) {
     lengths->clear();
     // A sample that is not a number offers no lengths.
-    const std::optional<double> sample = ParameterNumber(samples);
+    const std::optional<double> sample = BoxNumber(samples);
     if (!sample) return;
     for (float L : StartingLengths(layout, *sample)) lengths->addItem(NumberText(L, "0.00"));
 }

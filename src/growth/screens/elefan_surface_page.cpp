@@ -14,7 +14,6 @@
 #include <QVBoxLayout>
 
 #include "growth/elefan_search_plot.h"
-#include "growth/screens/parameter_field.h"
 #include "plot/render/canvas_renderer.h"
 #include "widgets/command_boundary.h"
 #include "widgets/number_box.h"
@@ -207,7 +206,7 @@ void ElefanSurfacePage::plot() {
 void ElefanSurfacePage::report() {
     if (!result_) return;
     const Elefan1ReportInfo info =
-        MakeElefan1ReportInfo(shared_.file, ParameterNumber(c_[0]), ParameterNumber(wp_[0]));
+        MakeElefan1ReportInfo(shared_.file, BoxNumber(c_[0]), BoxNumber(wp_[0]));
     RunElefanReport(shared_.ctx, heatMap_->canvas(), Elefan1ReportMode::SaveSurface, info,
                     SurfaceTableTexts(*result_));
 }

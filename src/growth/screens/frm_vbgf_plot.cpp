@@ -15,7 +15,6 @@
 #include "chart/report.h"
 #include "data/file_kind.h"
 #include "growth/growth_settings.h"
-#include "growth/screens/parameter_field.h"
 #include "widgets/command_boundary.h"
 #include "widgets/number_box.h"
 #include "widgets/output_screen.h"
@@ -146,9 +145,8 @@ void FrmVbgfPlot::Initialize(const std::string& path) {
 
 bool FrmVbgfPlot::PlotVBGF() {
     if (!data_) return false;
-    const CurveInputs in{ParameterNumber(boxes_[0]), ParameterNumber(boxes_[1]),
-                         ParameterNumber(boxes_[2]), ParameterNumber(boxes_[3]),
-                         ParameterNumber(boxes_[4]), ParameterNumber(boxes_[5])};
+    const CurveInputs in{BoxNumber(boxes_[0]), BoxNumber(boxes_[1]), BoxNumber(boxes_[2]),
+                         BoxNumber(boxes_[3]), BoxNumber(boxes_[4]), BoxNumber(boxes_[5])};
     const CurveCheck check = CheckCurveInputs(in, *data_);
     params_.reset();
     if (!ShowNotices(check, ctx_.dialogs)) return false;
