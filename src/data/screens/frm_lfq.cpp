@@ -335,6 +335,7 @@ void FrmLfq::DeleteCol(int column) {
 }
 
 void FrmLfq::SaveFile() {
+    saveDone_ = false;
     const std::string path = filePath().toStdString();
     std::vector<RequiredBox> required;
     for (int i : {0, 2, 3})
@@ -359,6 +360,7 @@ void FrmLfq::SaveFile() {
     }
 
     if (grdData_->dataColumnCount() == 0) {
+        saveDone_ = true;  // an empty grid holds no work to keep
         wait.reset();
         if (OfferDeleteEmptyFile(path, 0, ctx_.dialogs)) unloadEditor();
         return;  // an empty grid is not saved
@@ -395,6 +397,7 @@ void FrmLfq::SaveFile() {
     }
     applyOrder(order);
     setSavedFlag(true);
+    saveDone_ = true;
 }
 
 // Header, renumbered sample headers and measures, replaced together or not at all. The
@@ -612,8 +615,10 @@ void FrmLfq::closeEvent(QCloseEvent* event) {
         unloading_ = true;
         if (!savedFlag()) {
             const std::string question = kUnsavedText + filePath().toStdString();
+            bool saveAsked = false;
             RunCommand(ctx_.dialogs, [&] {
                 if (ctx_.dialogs.askYesNo(question, kUnsavedTitle)) {
+                    saveAsked = true;
                     setSavedFlag(true);
                     SaveFile();
                 } else {
@@ -621,6 +626,12 @@ void FrmLfq::closeEvent(QCloseEvent* event) {
                                          ctx_.dialogs);
                 }
             });
+            // A save that was asked for and did not happen keeps the editor and its work open.
+            if (saveAsked && !saveDone_) {
+                unloading_ = false;
+                event->ignore();
+                return;
+            }
         }
     }
     event->accept();

@@ -132,6 +132,7 @@ class FrmLfq : public QWidget, public DataEditor {
     bool newColumn_ = false;   // the sub-header is open for a sample just added
     bool validating_ = false;  // a class box's notice is up
     bool unloading_ = false;
+    bool saveDone_ = false;  // the last SaveFile ran to its end
     bool activationHooked_ = false;
 };
 

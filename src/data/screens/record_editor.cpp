@@ -566,14 +566,22 @@ void RecordEditor::closeEvent(QCloseEvent* event) {
         unloading_ = true;
         if (!saved_) {
             const std::string question = kRecordUnsavedText + filePath().toStdString();
+            bool saveAsked = false;
             RunCommand(ctx_.dialogs, [&] {
                 if (ctx_.dialogs.askYesNo(question, kRecordUnsavedTitle)) {
+                    saveAsked = true;
                     SaveFile();
                 } else {
                     OfferDeleteEmptyFile(path_.toStdString(), LastGridDataRow(*grid_) > 0 ? 1 : 0,
                                          ctx_.dialogs);
                 }
             });
+            // A save that was asked for and did not happen keeps the editor and its work open.
+            if (saveAsked && !saved_) {
+                unloading_ = false;
+                event->ignore();
+                return;
+            }
         }
     }
     event->accept();

@@ -202,6 +202,30 @@ TEST_F(RecordEditorTest, MeansKeepTypedOrderAndCheckDates) {
     discard(*again);
 }
 
+TEST_F(RecordEditorTest, ASaveThatFailsOnClosingKeepsTheEditorOpen) {
+    const std::string folder = dir.file("gone");
+    fs::create_directories(folder);
+    const std::string path = folder + "/f.LAA";
+    fs::copy_file(test::BinDir() / "Templates" / "Template.LAA", path);
+    auto e = editorOn("LAA", path, false);
+    e->setBoxText("Speciesname", "Upeneus");
+    typeCell(e->grid(), 0, 0, "2");
+    typeCell(e->grid(), 0, 1, "31.5");
+    ASSERT_FALSE(e->saved());
+    fs::remove_all(folder);  // the file's folder vanishes before the close
+
+    dialogs.answers = {Answer::Yes};  // save the changes
+    EXPECT_FALSE(e->close());
+    EXPECT_EQ(dialogs.last().text, "File Save Error. File not saved!");
+    EXPECT_EQ(e->grid()->value(0, 1), 31.5);  // the work is still there
+
+    fs::create_directories(folder);  // with the folder back, the close saves and ends
+    fs::copy_file(test::BinDir() / "Templates" / "Template.LAA", path);
+    dialogs.answers = {Answer::Yes};
+    EXPECT_TRUE(e->close());
+    EXPECT_TRUE(e->saved());
+}
+
 TEST_F(RecordEditorTest, BlanksFilledOnLeavingACell) {
     auto e = editorOn("VLF", newFile("VLF"), false);
     DataGrid* g = e->grid();
