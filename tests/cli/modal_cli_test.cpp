@@ -93,7 +93,7 @@ TEST(ModalCli, LinkingLinksRefusesAndSavesOnlyNewFiles) {
     ASSERT_TRUE(SaveMsdSample(msd, program, data, 2, {{30, 1, 5}}, yes));
     ASSERT_TRUE(SaveMsdSample(msd, program, data, 3, {{40, 1, 5}}, yes));
     // Points: 1 (2001, 10), 2 (2001, 12), 3 (2002, 30), 4 (2004, 40).
-    auto r = test::RunCli("--json linking " + msd + " --links 1>2>3>4 --save-gin " +
+    auto r = test::RunCli("--json linking " + msd + " --links '1>2>3>4' --save-gin " +
                           dir.file("l.gin") + " --save-laa " + dir.file("l.laa"));
     ASSERT_EQ(r.exitCode, 0) << r.err;
     auto j = nlohmann::json::parse(r.out);
@@ -109,9 +109,9 @@ TEST(ModalCli, LinkingLinksRefusesAndSavesOnlyNewFiles) {
     EXPECT_TRUE(std::filesystem::exists(dir.file("l.laa")));
 
     // An existing file is not overwritten; a single link gives no growth and no ages.
-    r = test::RunCli("--json linking " + msd + " --links 1>3 --save-gin " + dir.file("l.gin"));
+    r = test::RunCli("--json linking " + msd + " --links '1>3' --save-gin " + dir.file("l.gin"));
     EXPECT_EQ(r.exitCode, 2);
-    r = test::RunCli("--json linking " + msd + " --links 1>3");
+    r = test::RunCli("--json linking " + msd + " --links '1>3'");
     ASSERT_EQ(r.exitCode, 0) << r.err;
     j = nlohmann::json::parse(r.out);
     EXPECT_EQ(j["growth"]["loo"], -9999);

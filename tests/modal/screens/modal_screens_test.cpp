@@ -16,6 +16,7 @@
 #include "modal/screens/frm_bhattac_vrd.h"
 #include "modal/screens/frm_linking.h"
 #include "modal/screens/frm_normsep_simplex.h"
+#include "mortality/make_lfq.h"
 #include "support/lfq_fixtures.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
@@ -137,8 +138,7 @@ TEST_F(ModalRoad, NormsepRefusesMissingMeansThenSeparates) {
 }
 
 TEST_F(ModalRoad, LinkingClicksRefusalsAndSave) {
-    LfqData data = session.lfqData;
-    data = test::MakeLfq(10, 1, {{1}, {1}, {1}}, {1, 1, 1}, {1, 7, 1});
+    LfqData data = test::MakeLfq(10, 1, {{1}, {1}, {1}}, {1, 1, 1}, {1, 7, 1});
     data.year = {2001, 2001, 2002};
     const std::string msd = dir.file("m.msd");
     dialogs.defaultAnswer = Answer::Yes;
