@@ -6,6 +6,9 @@
 #include "growth/screens/frm_lmax.h"
 #include "growth/screens/frm_phi_prime.h"
 #include "growth/screens/frm_vbgf_plot.h"
+#include "modal/screens/frm_bhattac_vrd.h"
+#include "modal/screens/frm_linking.h"
+#include "modal/screens/frm_normsep_simplex.h"
 #include "mortality/screens/frm_ault_erh.h"
 #include "mortality/screens/frm_bh_mort.h"
 #include "mortality/screens/frm_catch_curve.h"
@@ -58,6 +61,18 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
         {"frmProbability2",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmProbability2(ctx, parent);
+         }},
+        {"frmBhattacVRD",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmBhattacVRD(ctx, parent);
+         }},
+        {"frmNORMSEP_Simplex",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmNormsepSimplex(ctx, parent);
+         }},
+        {"frmLinking",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmLinking(ctx, parent);
          }},
         {"frmSimulate",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
