@@ -13,6 +13,7 @@
 #include "mortality/screens/frm_munro2.h"
 #include "mortality/screens/frm_pauly_m.h"
 #include "mortality/screens/frm_rik_efa.h"
+#include "numerics/screens/frm_regress.h"
 #include "selection/screens/frm_probability2.h"
 #include "stock/screens/frm_simulate.h"
 #include "widgets/shell_context.h"
@@ -58,6 +59,10 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
         {"frmProbability2",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmProbability2(ctx, parent);
+         }},
+        {"frmRegress",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmRegress(ctx, parent);
          }},
         {"frmSimulate",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
