@@ -9,11 +9,13 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "chart/regress_plot.h"
 #include "numerics/regression_tool.h"
 #include "numerics/text_convert.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "support/xyf_fixtures.h"
+#include "widgets/output_screen.h"
 #include "widgets/plot_view.h"
 
 namespace norvo::gui {
@@ -129,6 +131,21 @@ TEST_F(FrmRegressTest, RefusedPairsAndAFailingFitLeaveTheEarlierResults) {
     dialogs.printAnswers = {false};
     f.command(0)->click();
     EXPECT_EQ(dialogs.printDialogs.size(), 1u);
+}
+
+TEST_F(FrmRegressTest, TheReportPageHoldsThePlotAndTheReadOuts) {
+    FrmRegress f(ctx);
+    dialogs.inputAnswers = {"700"};
+    f.pickForm(kFormLnOneMinus);
+    OutputScreen page;
+    page.fill(RegressionReport(ReadXYF(path).value(), *f.run()));
+    page.setPicture(f.plot()->canvas().Image());
+    EXPECT_EQ(page.lblHeader(1)->text(), "Regression Analysis (Function: ln(1-Y/C) = a + b * X)");
+    EXPECT_EQ(page.lblResults().size(), 7u);
+    if (const char* dir = std::getenv("NORVO_SHOTS")) {
+        page.resize(OutputScreen::kPageWidth, OutputScreen::kPageHeight);
+        page.grab().save(QString(dir) + "/regress_report.png");
+    }
 }
 
 }  // namespace
