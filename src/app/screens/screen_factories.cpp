@@ -16,6 +16,7 @@
 #include "mortality/screens/frm_munro2.h"
 #include "mortality/screens/frm_pauly_m.h"
 #include "mortality/screens/frm_rik_efa.h"
+#include "numerics/screens/frm_regress.h"
 #include "selection/screens/frm_probability2.h"
 #include "stock/screens/frm_simulate.h"
 #include "widgets/shell_context.h"
@@ -73,6 +74,10 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
         {"frmLinking",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmLinking(ctx, parent);
+         }},
+        {"frmRegress",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmRegress(ctx, parent);
          }},
         {"frmSimulate",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {

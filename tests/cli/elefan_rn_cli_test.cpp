@@ -3,14 +3,11 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
-#include "data/data_store.h"
 #include "support/lfq_fixtures.h"
 #include "support/test_paths.h"
 
 namespace norvo {
 namespace {
-
-namespace fs = std::filesystem;
 
 // The five-sample file of the engine's golden test: classes 10, 12, ... 24.
 std::string WriteGoldenLfq(const test::TempDir& dir) {
@@ -24,23 +21,6 @@ std::string WriteGoldenLfq(const test::TempDir& dir) {
                               test::SampleOn(3, 20, 11, 1990), test::SampleOn(4, 10, 5, 1990),
                               test::SampleOn(5, 28, 0, 1990)},
                              test::ByClass(bySample));
-}
-
-std::string WriteXyf(const test::TempDir& dir, const std::string& name,
-                     const std::vector<std::pair<float, float>>& xy) {
-    const std::string path = dir.file(name);
-    fs::copy_file(test::BinDir() / "Templates" / "Template.XYF", path);
-    DataStore store = DataStore::open(path);
-    Records rs = store.openRecords("XYF_Measures");
-    for (const auto& [x, y] : xy) {
-        rs.addNew();
-        rs.setField("X", static_cast<double>(x));
-        rs.setField("Y", static_cast<double>(y));
-        rs.update();
-    }
-    rs.close();
-    store.close();
-    return path;
 }
 
 TEST(ElefanRnCli, ScoresGivenAndDefaultStartingPoints) {
@@ -77,32 +57,6 @@ TEST(ElefanRnCli, FaultsAndRefusals) {
     EXPECT_EQ(r.exitCode, 2);
     r = test::RunCli("elefan rn " + path + " --loo 30 --k 1 --ss 1");  // --ss needs --sl
     EXPECT_NE(r.exitCode, 0);
-}
-
-TEST(RegressCli, SlotsOfBothFits) {
-    test::TempDir dir;
-    const std::string path = WriteXyf(dir, "pairs.xyf", {{1, 1}, {2, 3}, {3, 2}, {4, 5}});
-    auto r = test::RunCli("--json regress " + path);
-    ASSERT_EQ(r.exitCode, 0) << r.err;
-    auto j = nlohmann::json::parse(r.out)["slots"];
-    EXPECT_EQ(j["n"].get<double>(), 4.0);
-    EXPECT_NEAR(j["b"].get<double>(), 1.1, 1e-6);
-    EXPECT_NEAR(j["a"].get<double>(), 0.0, 1e-6);
-    EXPECT_NEAR(j["seB"].get<double>(), std::sqrt(0.27), 1e-6);
-
-    r = test::RunCli("--json regress --functional " + path);
-    ASSERT_EQ(r.exitCode, 0) << r.err;
-    j = nlohmann::json::parse(r.out)["slots"];
-    EXPECT_NEAR(j["b"].get<double>(), std::sqrt(8.75 / 5.0), 1e-6);
-    EXPECT_EQ(j["F"].get<double>(), 0.0);
-
-    r = test::RunCli("regress " + path);
-    ASSERT_EQ(r.exitCode, 0) << r.err;
-    EXPECT_NE(r.out.find(" 3  b      1.1\n"), std::string::npos) << r.out;
-    EXPECT_NE(r.out.find("17  F      "), std::string::npos);
-
-    EXPECT_EQ(test::RunCli("regress " + WriteXyf(dir, "empty.xyf", {})).exitCode, 3);
-    EXPECT_EQ(test::RunCli("regress " + dir.file("none.xyf")).exitCode, 2);
 }
 
 }  // namespace
