@@ -210,6 +210,10 @@ PlotView* GrowthIncrementScreen::addPlot(const QString& tabCaption, const std::s
     tabs_->addTab(page, tabCaption);
     const int index = static_cast<int>(plots_.size());
     plots_.push_back({view, {}, xCaption, yCaption, xPattern, yPattern, pickable});
+    if (index == 0) {
+        readOutCaptions_[0]->setText(QString::fromStdString(xCaption));
+        readOutCaptions_[1]->setText(QString::fromStdString(yCaption));
+    }
     auto& dialogs = ctx_.dialogs;
     connect(view, &PlotView::clickedAt, this,
             Guarded(dialogs, [this, index](double x, double y) { clickPlot(index, x, y); }));
