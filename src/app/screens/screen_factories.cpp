@@ -3,6 +3,7 @@
 #include "data/screens/frm_lfq.h"
 #include "data/screens/record_editor.h"
 #include "growth/screens/frm_elefan1.h"
+#include "growth/screens/frm_gin_methods.h"
 #include "growth/screens/frm_lmax.h"
 #include "growth/screens/frm_phi_prime.h"
 #include "growth/screens/frm_vbgf_plot.h"
@@ -43,6 +44,14 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmPaulyM(ctx, parent); }},
         {"frmRikEfa",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmRikEfa(ctx, parent); }},
+        {"frmGulland",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmGulland(ctx, parent);
+         }},
+        {"frmMunro",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmMunro(ctx, parent); }},
+        {"frmFaben",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmFaben(ctx, parent); }},
         {"frmMunro2",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmMunro2(ctx, parent); }},
         {"frmELEFAN1",
