@@ -204,9 +204,9 @@ void DrawAxes(ChartCanvas& canvas, const Frame& f, const View& v, const SurfaceS
     }
     DrawRotatedText(canvas, s.zTitle, 900, kKindALabelSize, std::max(1.0, bottom.x - 10),
                     (bottom.y + top.y) / 2 + 8);
-    const UserPoint xt = v.project(0, yEdge * 1.45, -h);
+    const UserPoint xt = v.project(0, yEdge * 1.7, -h);
     DrawRotatedText(canvas, s.xTitle, 0, kKindALabelSize, xt.x - 10, std::min(xt.y, 94.0));
-    const UserPoint yt = v.project(xEdge * 1.45, 0, -h);
+    const UserPoint yt = v.project(xEdge * 1.7, 0, -h);
     DrawRotatedText(canvas, s.yTitle, 0, kKindALabelSize, yt.x - 4, std::min(yt.y, 94.0));
 }
 

@@ -43,6 +43,9 @@ inline constexpr const char* kYrOgiveReportTitle =
 inline constexpr const char* kYr2DHint =
     "To change the Lc/Loo value, enter a new value in the text box or move the slide bar "
     "(below) with the mouse.";
+inline constexpr const char* kYr2DOgiveHint =
+    "To change the L50/Loo value, enter a new value in the text box or move the slide bar "
+    "(below) with the mouse.";
 
 // What the 2-D plot shows.
 struct YprPlotData {
