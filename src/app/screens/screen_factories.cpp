@@ -20,6 +20,8 @@
 #include "numerics/screens/frm_regress.h"
 #include "selection/screens/frm_probability2.h"
 #include "stock/screens/frm_simulate.h"
+#include "stock/screens/frm_yr_knife.h"
+#include "stock/screens/frm_yr_selection.h"
 #include "widgets/shell_context.h"
 
 namespace norvo::gui {
@@ -91,6 +93,22 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
         {"frmSimulate",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmSimulate(ctx, parent);
+         }},
+        {"frmYRKnife",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmYRKnife(ctx, parent);
+         }},
+        {"frm2DYRKnife",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new Frm2DYRKnife(ctx, parent);
+         }},
+        {"frmYRSelection",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmYRSelection(ctx, parent);
+         }},
+        {"frm2DYRSelection",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new Frm2DYRSelection(ctx, parent);
          }},
     };
     return factories;
