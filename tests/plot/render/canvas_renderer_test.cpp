@@ -153,6 +153,39 @@ TEST(SavePlot, WritesEachFormatByExtensionAndFailsQuietlyOnABadFolder) {
     }
 }
 
+// Rows of pixels that hold any black: the height of the text drawn.
+int InkRows(const QImage& img) {
+    int rows = 0;
+    for (int y = 0; y < img.height(); ++y) {
+        bool ink = false;
+        for (int x = 0; x < img.width() && !ink; ++x) ink = (img.pixel(x, y) & 0xFFFFFF) == 0;
+        rows += ink;
+    }
+    return rows;
+}
+
+TEST(RenderCanvas, TextKeepsItsPointSizeAtAnyTargetSize) {
+    ChartCanvas canvas;
+    canvas.Scale(0, 0, 100, 100);
+    canvas.FilledBox(0, 0, 100, 100, kWhite);
+    canvas.SetForeColour(kBlack);
+    canvas.MoveTo(10, 10);
+    canvas.Print("Score function");
+    const int small = InkRows(RenderCanvas(canvas, 300, 200));
+    EXPECT_GE(small, 8);  // 8 points at 96 dots per inch: about 11 px high
+    EXPECT_EQ(InkRows(RenderCanvas(canvas, 2400, 1800)), small);
+}
+
+TEST(RenderCanvas, BoxesSideBySideLeaveNoSeam) {
+    // 21 rows of a heat map in a height that is not a multiple of 21.
+    ChartCanvas canvas;
+    canvas.Scale(0, 0, 100, 21);
+    for (int i = 0; i < 21; ++i) canvas.FilledBox(0, i, 100, i + 1, i % 2 ? kRed : kBlack);
+    const QImage img = RenderCanvas(canvas, 200, 437);
+    for (int y = 0; y < img.height(); ++y)
+        ASSERT_NE(img.pixel(100, y) & 0xFFFFFF, 0xFFFFFFu) << "white at row " << y;
+}
+
 TEST(RenderCanvas, TextAndPensScaleWithTheTarget) {
     ChartCanvas canvas;
     canvas.Scale(0, 0, 100, 100);
