@@ -67,6 +67,14 @@ TEST(CatchCurveAges, SeasonalAgeMatchesPlainAgeWithoutOscillation) {
     EXPECT_LT(ts, 0);
 }
 
+TEST(CatchCurveAges, SeasonalAgeStoresIn32BitsButWorksEachExpressionIn64) {
+    // Lengths where a search worked in 32-bit expressions settles one step elsewhere.
+    const float t28 = static_cast<float>(28 / 365.0), t84 = static_cast<float>(84 / 365.0);
+    EXPECT_EQ(SeasonalAgeOfLength(7.03f, t28, 80, 0.37f, 0.1f, 0.6f), -0.158203125f);
+    EXPECT_EQ(SeasonalAgeOfLength(static_cast<float>(52 * 0.37), t84, 80, 0.37f, 1, 0),
+              -0.58782959f);
+}
+
 TEST(CatchCurveSamples, TransformAndTemporalWeights) {
     std::vector<std::vector<double>> f = {{1, 10}, {3, 30}};
     auto pct = f;
@@ -253,8 +261,8 @@ TEST(CatchCurveExtrapolation, BackwardFromFirstPoint) {
 
 TEST(CatchCurveExtrapolation, RedrawsTheStretchFromItsNumbersWith32BitEntries) {
     // Class 5 is empty: it borrows from classes 4 and 6, so its Y no longer matches its N.
-    auto run = CatchCurveMethod(MakeLfq(12.5, 5, {{20, 60, 100, 80, 0, 60, 40, 30, 20}}),
-                                Plain(100, 0.5));
+    auto run =
+        CatchCurveMethod(MakeLfq(12.5, 5, {{20, 60, 100, 80, 0, 60, 40, 30, 20}}), Plain(100, 0.5));
     ASSERT_TRUE(run.ok());
     run.firstPoint = 3;
     run.lastPoint = 9;

@@ -102,10 +102,9 @@ TEST(RunSimulation, RefusedInputsAndUnwritablePathsEndWithTheirNotice) {
     EXPECT_EQ(second.refusal()->text, "File Save Error. File not saved!");
     EXPECT_FALSE(std::filesystem::exists(dir.file("a.lfq")));
     std::ofstream(dir.file("kept.lfq")) << "old";
-    EXPECT_FALSE(
-        RunSimulation(DefaultSimulationInputs(), dir.file("kept.lfq"), dir.path().string(),
-                      BinDir().string())
-            .ok());  // the CATCH path is a folder
+    EXPECT_FALSE(RunSimulation(DefaultSimulationInputs(), dir.file("kept.lfq"), dir.path().string(),
+                               BinDir().string())
+                     .ok());  // the CATCH path is a folder
     EXPECT_EQ(std::filesystem::file_size(dir.file("kept.lfq")), 3u);
 }
 

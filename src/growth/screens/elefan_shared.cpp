@@ -86,8 +86,8 @@ void FillLengths(const QComboBox* samples, QComboBox* lengths, const RnLayout& l
     for (float L : StartingLengths(layout, *sample)) lengths->addItem(NumberText(L, "0.00"));
 }
 
-void ShowVbgfPlot(ShellContext& ctx) {
-    ctx.showStatus(kPlotStoredStatus);
+void ShowVbgfPlot(ShellContext& ctx, bool stored) {
+    ctx.showStatus(stored ? kPlotStoredStatus : kPlotNotStoredStatus);
     if (auto* plot = dynamic_cast<FrmVbgfPlot*>(ctx.openScreen("frmVBGFPlot")))
         plot->ReadDefaults();
 }

@@ -118,12 +118,12 @@ void PaintCommands(QPainter& painter, const std::vector<DrawCommand>& commands, 
                 painter.drawRect(QRectF(map.point(c.x1, c.y1), map.point(c.x2, c.y2)).normalized());
                 break;
             case DrawOp::FilledBox: {
-                // Edges on whole device pixels, so that boxes side by side leave no seam.
-                const QRectF r =
-                    QRectF(map.point(c.x1, c.y1), map.point(c.x2, c.y2)).normalized();
-                const QPointF topLeft(std::round(r.left()), std::round(r.top()));
-                const QPointF bottomRight(std::max(std::round(r.right()), topLeft.x() + 1),
-                                          std::max(std::round(r.bottom()), topLeft.y() + 1));
+                // Edges widened to whole device pixels: boxes side by side whose shared edge
+                // differs by an ulp overlap by a pixel at most and never leave a seam.
+                const QRectF r = QRectF(map.point(c.x1, c.y1), map.point(c.x2, c.y2)).normalized();
+                const QPointF topLeft(std::floor(r.left()), std::floor(r.top()));
+                const QPointF bottomRight(std::max(std::ceil(r.right()), topLeft.x() + 1),
+                                          std::max(std::ceil(r.bottom()), topLeft.y() + 1));
                 painter.fillRect(QRectF(topLeft, bottomRight), ToQColor(c.colour));
                 break;
             }

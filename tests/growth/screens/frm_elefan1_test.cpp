@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QStringList>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <cstdlib>
@@ -159,11 +160,19 @@ TEST_F(FrmElefan1Test, SurfaceGridBandsWarningAndClearing) {
     EXPECT_EQ(dialogs.last().title, "WARNING!");
     EXPECT_EQ(dialogs.last().buttons, Buttons::YesNo);
     EXPECT_EQ(settings.runTime("LastK", ""), "unchanged");
+    // Yes opens the plot with nothing stored, and the status line says so.
+    dialogs.answers.push_back(Answer::Yes);
+    f->cmdELEFAN1(4);
+    EXPECT_EQ(settings.runTime("LastK", ""), "unchanged");
+    EXPECT_EQ(status.toStdString(), kPlotNotStoredStatus);
 
+    // The report prints first, then asks where the table and the picture go.
     test::TempDir dir;
     const std::string tab = dir.file("s.tab"), png = dir.file("s.png");
+    dialogs.printAnswers = {true};
     dialogs.saveAnswers = {tab, png};
     f->cmdELEFAN1(1);
+    EXPECT_EQ(dialogs.printDialogs.size(), 1u);
     EXPECT_EQ(dialogs.last().title, "Data Saved");
     EXPECT_EQ(dialogs.last().text, "The response surface table was saved in " + tab +
                                        " and the Response surface plot was saved in " + png + ".");
@@ -223,7 +232,8 @@ TEST_F(FrmElefan1Test, ScreenshotsOfEveryTabOnRequest) {
     const char* shot = std::getenv("NORVO_ELEFAN_SCREENSHOT");
     if (!shot) GTEST_SKIP() << "NORVO_ELEFAN_SCREENSHOT not set";
     auto f = Open();
-    f->resize(1100, 760);
+    const QStringList size = qEnvironmentVariable("NORVO_SHOT_SIZE", "1100x760").split('x');
+    f->resize(size.value(0).toInt(), size.value(1).toInt());
     f->show();
     f->tabs()->setCurrentIndex(1);
     f->chkSP()->setChecked(true);
