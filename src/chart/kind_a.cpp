@@ -132,4 +132,30 @@ void DrawPointMark(ChartCanvas& canvas, UserPoint p, Colour colour, bool filled)
     canvas.Circle(p.x, p.y, 1.1, colour);
 }
 
+bool ClipToFrame(UserPoint& p1, UserPoint& p2, double top) {
+    // Liang-Barsky: the segment as p1 + t (p2 - p1), t in 0..1, cut by each of the four edges.
+    const double dx = p2.x - p1.x, dy = p2.y - p1.y;
+    double t0 = 0, t1 = 1;
+    const double p[4] = {-dx, dx, -dy, dy};
+    const double q[4] = {p1.x - kFrameLeft, kFrameRight - p1.x, p1.y - top, kFrameBottom - p1.y};
+    for (int i = 0; i < 4; ++i) {
+        if (p[i] == 0) {
+            if (q[i] < 0) return false;
+            continue;
+        }
+        const double t = q[i] / p[i];
+        if (p[i] < 0) {
+            if (t > t1) return false;
+            if (t > t0) t0 = t;
+        } else {
+            if (t < t0) return false;
+            if (t < t1) t1 = t;
+        }
+    }
+    const UserPoint a{p1.x + t0 * dx, p1.y + t0 * dy}, b{p1.x + t1 * dx, p1.y + t1 * dy};
+    p1 = a;
+    p2 = b;
+    return true;
+}
+
 }  // namespace norvo

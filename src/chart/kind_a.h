@@ -20,6 +20,9 @@ inline constexpr double kKindALabelSize = 8.0;  // points, labels and titles
 void BeginPercentCanvas(ChartCanvas& canvas);
 // The customary frame: bottom axis y = 85 from x = 20 to 95, left axis x = 20 from 85 to `top`.
 void DrawPercentFrame(ChartCanvas& canvas, double top = kFrameTop, Colour colour = kBlack);
+// The part of the segment p1-p2 inside the frame (x kFrameLeft..kFrameRight, y top..
+// kFrameBottom); false when none of it is.
+bool ClipToFrame(UserPoint& p1, UserPoint& p2, double top = kFrameTop);
 
 // Maps a value to y on a vertical axis: 85 - value x scale, with scale = available / top.
 double PercentY(double value, double scale);

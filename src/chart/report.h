@@ -55,7 +55,8 @@ struct ReportDescriptor {
     std::string header2;     // "Report Generated: " and the date
     std::string header3;     // a sub-title
     std::vector<ReportSection> sections;
-    std::string note;  // a static text under the values (may be empty)
+    std::string note;     // a static text under the values (may be empty)
+    std::string caption;  // the output screen's window caption; header1 when empty
 
     // Adds a section and returns it for filling.
     ReportSection& addSection(const std::string& heading, bool results);

@@ -71,7 +71,7 @@ Elefan1ReportInfo MakeElefan1ReportInfo(const std::optional<ElefanFileInfo>& fil
         info.speciesName = file->speciesName;
         info.otherIdentifier = file->otherIdentifier;
         info.classSize = Format(file->classSize, "0.00");
-        info.largestClassSize = Format(file->largestClassSize, "0.00");
+        info.largestClassSize = FormatSingle(static_cast<float>(file->largestClassSize));
         info.unit = file->unit;
     }
     info.amplitude = ParameterText(c);
@@ -105,6 +105,7 @@ ReportDescriptor Elefan1ReportDescriptor(const Elefan1ReportInfo& info, std::tim
     d.header1 = kElefanReportTitle;
     d.header2 = kElefanReportSubtitle;
     d.header3 = kReportGenerated + ReportDate(when);
+    d.caption = d.header3;
     auto& p = d.addSection("Parameters", false);
     p.fields = {{"Filename: ", info.fileName},
                 {"Species name: ", info.speciesName},
@@ -129,7 +130,28 @@ bool ReportELEFAN1(const ChartCanvas& canvas, ReportOutput& output, DialogServic
                 RunReport(Elefan1ReportDescriptor(info), canvas, output, dialogs, save);
             return outcome != PrintOutcome::Cancelled && outcome != PrintOutcome::SaveFailed;
         }
-        case Elefan1ReportMode::SaveSurface: {
+        case Elefan1ReportMode::KScan: {
+            output.fill(Elefan1ReportDescriptor(info));
+            output.setPicture(canvas.Image());
+            bool done = false;
+            if (dialogs.choosePrinter(kPrintDialogTitle)) {
+                if (output.printToFileChosen()) {
+                    if (const auto path = SaveImageAs(canvas, dialogs, save)) {
+                        NotifySaved(dialogs, kKScanSavedPrefix + *path + ".");
+                        done = true;
+                    }
+                } else {
+                    output.printPage();
+                    done = true;
+                }
+            }
+            output.unload();
+            return done;
+        }
+        case Elefan1ReportMode::Surface: {
+            const auto printed =
+                RunReport(Elefan1ReportDescriptor(info), canvas, output, dialogs, save);
+            if (printed == PrintOutcome::Cancelled) return false;
             FileDialogOptions table;
             table.title = kSaveTableTitle;
             table.filter = kTabFilter;
@@ -141,12 +163,6 @@ bool ReportELEFAN1(const ChartCanvas& canvas, ReportOutput& output, DialogServic
             if (!imagePath) return false;
             NotifySaved(dialogs, kSurfaceSavedPrefix + *tablePath + kSurfacePlotSavedInfix +
                                      *imagePath + ".");
-            return true;
-        }
-        case Elefan1ReportMode::SaveKScan: {
-            const auto imagePath = SaveImageAs(canvas, dialogs, save);
-            if (!imagePath) return false;
-            NotifySaved(dialogs, kKScanSavedPrefix + *imagePath + ".");
             return true;
         }
     }

@@ -32,7 +32,7 @@ struct ElefanFileInfo {
     std::string fileName;  // the path's last part
     std::string speciesName, otherIdentifier, unit;
     double classSize = 0;         // shown "0.00"
-    double largestClassSize = 0;  // the largest midlength, shown "0.00"
+    double largestClassSize = 0;  // the largest midlength, shown as its 32-bit value
 };
 ElefanFileInfo ElefanFileInfoOf(const std::string& path, const LfqData& data);
 
@@ -62,11 +62,13 @@ std::vector<std::vector<std::string>> SurfaceTableTexts(const SurfaceResult& sur
 ReportDescriptor Elefan1ReportDescriptor(const Elefan1ReportInfo& info,
                                          std::time_t when = std::time(nullptr));
 
-enum class Elefan1ReportMode { Print, SaveSurface, SaveKScan };
+enum class Elefan1ReportMode { Print, KScan, Surface };
 
-// Print: the ELEFAN page through PrintOrSaveImage. SaveSurface: the response-surface table
-// (tab-delimited, rows of cells) and the plot, each in a file the user picks. SaveKScan: the
-// K-scan plot only. Returns false when nothing was done (a cancel, or a file not written).
+// Every mode fills the ELEFAN page (its caption "Report Generated: " and the date) and asks for
+// the printer. Print: then PrintOrSaveImage. KScan: as Print, but a print to a file saves the
+// K-scan plot with its own notice. Surface: the page is printed first; then the
+// response-surface table (tab-delimited, rows of cells) and the plot, each in a file the user
+// picks. Returns false when nothing was done (a cancel, or a file not written).
 bool ReportELEFAN1(const ChartCanvas& canvas, ReportOutput& output, DialogService& dialogs,
                    Elefan1ReportMode mode, const Elefan1ReportInfo& info,
                    const std::vector<std::vector<std::string>>& surfaceTable,

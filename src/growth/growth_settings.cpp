@@ -47,7 +47,7 @@ void StoreGrowthParams(SettingsStore& settings, const GrowthParams* p,
 std::array<std::optional<ShownNumber>, 6> ReadGrowthSettings(const SettingsStore& settings) {
     std::array<std::optional<ShownNumber>, 6> out;
     for (size_t i = 0; i < kGrowthSettingKeys.size(); ++i)
-        out[i] = StoredNumber(settings.runTime(kGrowthSettingKeys[i], i == 4 ? "1" : ""));
+        out[i] = StoredNumber(settings.runTime(kGrowthSettingKeys[i], kGrowthSettingDefaults[i]));
     return out;
 }
 

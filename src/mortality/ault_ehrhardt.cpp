@@ -59,16 +59,20 @@ AultEhrhardtResult ComputeAultEhrhardt(const AultEhrhardtInput& in) {
 
     r.zBevertonHolt = BevertonHoltZ(in.common);
     const double z0 = kAultStartFraction * r.zBevertonHolt;
-    // First stage: the tolerance is ten times wider until |R - T| first falls below it; the
-    // search then goes on with the final tolerance.
+    // R = T holds trivially at z = 0, so d starts near 0. The first stage, with the wider
+    // tolerance, lasts until d first reaches it; only from then on does a d below the final
+    // tolerance end the search. Passing the Beverton and Holt value ends it at any stage.
     bool firstStage = true;
     for (int i = 1;; ++i) {
         if (i > kAultMaxTrials) ThrowOverflow();
         r.trials = i;
         r.z = z0 + i * kAultStep;
         const double d = AultEhrhardtDistance(in, r.z);
-        if (firstStage && d < kAultTolerance * kAultFirstStageFactor) firstStage = false;
-        if (!firstStage && d < kAultTolerance) break;
+        if (firstStage) {
+            if (d >= kAultTolerance * kAultFirstStageFactor) firstStage = false;
+        } else if (d < kAultTolerance) {
+            break;
+        }
         if (r.z > r.zBevertonHolt) break;
     }
     r.exactRoot = Bisect(in, z0, r.zBevertonHolt);

@@ -14,7 +14,7 @@ namespace norvo {
 
 namespace {
 
-constexpr float kSeasonTwoPi = 6.283f;
+constexpr double kSeasonTwoPi = 6.283;  // as the method writes it
 constexpr int kSeasonSearchLimit = 100000;
 
 // The catch curve's notices carry the information icon, refusals included.
@@ -93,24 +93,25 @@ std::vector<double> MidpointAges(double lower, double w, double loo, double k, d
 }
 
 float SeasonalAgeOfLength(float length, float tS, float loo, float k, float c, float wp) {
-    const float amp = R4(Div(c, kSeasonTwoPi));
+    // target, t, step and v are stored as 32-bit floats; each expression is worked in 64 bits.
+    const double amp = Div(c, kSeasonTwoPi);
+    auto season = [&](double t) {
+        return amp * std::sin(((t - static_cast<double>(wp)) + 0.5) * kSeasonTwoPi) + t;
+    };
     float target = 0;
-    if (length < loo) {
-        const float logTerm = R4(Div(Ln(1 - Div(length, loo)), k));
-        target = R4(logTerm + amp * R4(std::sin(((tS - wp) + 0.5f) * kSeasonTwoPi)) + tS);
-    }
+    if (length < loo) target = R4(Div(Ln(1 - Div(length, loo)), k) + season(tS));
     float t = 0, step = 1, direction = 1;
     for (int n = 0; n < kSeasonSearchLimit; ++n) {
-        t = R4(t + direction * step);
-        const float v = R4(amp * R4(std::sin(((t - wp) + 0.5f) * kSeasonTwoPi)) + t);
+        t = R4(t + static_cast<double>(direction) * step);
+        const float v = R4(season(t));
         if (direction > 0 && v > target) {
-            step /= 2;
+            step = R4(step / 2.0);
             direction = -1;
         } else if (direction < 0 && v < target) {
-            step /= 2;
+            step = R4(step / 2.0);
             direction = 1;
         }
-        if (std::fabs(target - v) < 0.0001f) return t;
+        if (std::fabs(static_cast<double>(target) - v) < 0.0001) return t;
     }
     throw ArithmeticFault(FaultNumber::InvalidCall, kInvalidCall);
 }
@@ -238,7 +239,7 @@ CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& o) 
         };
         std::vector<float> tSample(static_cast<size_t>(nS));
         for (int s = 0; s < nS; ++s) tSample[s] = R4(SampleDayNumber(data, s) / 365.0);
-        float t1 = 9999, t2 = -9999;
+        double t1 = 9999, t2 = -9999;
         for (int s = 0; s < nS; ++s) {
             int hi = 0, lo = 0;
             for (int j = 1; j <= nC; ++j)
@@ -247,40 +248,41 @@ CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& o) 
                     hi = j;
                 }
             if (hi == 0) continue;
-            float t = age(mid(hi) + w / 2, tSample[s]);
+            double t = age(mid(hi) + w / 2, tSample[s]);
             if (t < t1) t1 = t;
             t = age(mid(lo) - w / 2, tSample[s]);
             if (t > t2) t2 = t;
         }
         t1 = -t1;
         t2 = -t2;
-        const float dT = R4(Div(t1 - t2, nC));
-        std::vector<float> edge(static_cast<size_t>(nC) + 2, 0.f);
-        for (int kk = 1; kk <= nC + 1; ++kk) edge[kk] = R4(dT * (kk - 1) + t2);
-        std::vector<float> bin(static_cast<size_t>(nC) + 1, 0.f);
+        // Edges, bins and the shares of a class are 64-bit; only X, Y and N are stored 32-bit.
+        const double dT = Div(t1 - t2, nC);
+        std::vector<double> edge(static_cast<size_t>(nC) + 2, 0.0);
+        for (int kk = 1; kk <= nC + 1; ++kk) edge[kk] = dT * (kk - 1) + t2;
+        std::vector<double> bin(static_cast<size_t>(nC) + 1, 0.0);
         for (int s = 0; s < nS; ++s) {
             for (int j = 1; j <= nC; ++j) {
                 if (!(F(s, j) > 0)) continue;
-                float low = -age(mid(j) - w / 2, tSample[s]);
-                const float high = -age(mid(j) + w / 2, tSample[s]);
-                float rest = R4(F(s, j));
+                double low = -age(mid(j) - w / 2, tSample[s]);
+                const double high = -age(mid(j) + w / 2, tSample[s]);
+                double rest = F(s, j);
                 for (int kk = 1; kk <= nC; ++kk) {
                     if (!(edge[kk] <= low && low <= edge[kk + 1])) continue;
                     if (high <= edge[kk + 1]) {
-                        bin[kk] = R4(bin[kk] + rest);
+                        bin[kk] += rest;
                         break;
                     }
-                    const float p = R4(Div(edge[kk + 1] - low, high - low));
-                    bin[kk] = R4(bin[kk] + p * rest);
-                    rest = R4(rest - p * rest);
-                    low = R4(edge[kk + 1] + 0.0001);
+                    const double p = Div(edge[kk + 1] - low, high - low);
+                    bin[kk] += p * rest;
+                    rest -= p * rest;
+                    low = edge[kk + 1] + 0.0001;
                 }
             }
         }
         for (int kk = 1; kk <= nC; ++kk) {
             run.X[kk] = R4(edge[kk] - t2);
-            run.Y[kk] = bin[kk];
-            run.N[kk] = bin[kk];
+            run.Y[kk] = R4(bin[kk]);
+            run.N[kk] = R4(bin[kk]);
         }
         run.lastClass = nC;
         if (nC < 3) {
@@ -319,8 +321,8 @@ CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& o) 
         const float d = R4(run.N[i + z] / 4.0);
         run.N[i + z] = R4(run.N[i + z] * 0.75);
         for (int m = i; m < i + z; ++m) {
-            run.Y[m] = R4(Div(a + c, z));
-            run.N[m] = R4(Div(b + d, z));
+            run.Y[m] = R4(Div(static_cast<double>(a) + c, z));
+            run.N[m] = R4(Div(static_cast<double>(b) + d, z));
         }
         i += z;
     }
@@ -426,13 +428,20 @@ Outcome CheckMortalities(double z, double m) {
     return o;
 }
 
-Extrapolation ExtrapolateProb(const CatchCurveRun& run, double z, double m, double t) {
+Extrapolation ExtrapolateProb(const CatchCurveRun& run, double zEntered, double mEntered,
+                              double tEntered) {
     Extrapolation e;
+    // The entered mortalities and temperature are stored as 32-bit floats.
+    const double z = R4(zEntered), m = R4(mEntered);
     e.z = z;
     e.m = m;
-    e.t = t;
+    e.t = R4(tEntered);
     const int f = run.firstPoint;
     if (f < 1) throw SubscriptFault("ExtrapolateProb");
+    // The fitted stretch but its last point is redrawn from the numbers: ln(N/dt).
+    e.yWorking.assign(static_cast<size_t>(run.nC) + 1, 0.f);
+    for (int i = f; i <= run.lastPoint - 1; ++i)
+        At(e.yWorking, i) = R4(Ln(Div(At(run.N, i), At(run.dt, i))));
     const double a = run.fit.a();
     const double step = Div(z - m, f);
     std::vector<double> zi(static_cast<size_t>(f) + 1), zmid(static_cast<size_t>(f) + 1),

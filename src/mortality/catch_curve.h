@@ -147,8 +147,11 @@ struct CatchCurveOptions {
 // notices of the checks on the way.
 struct Extrapolation : Outcome {
     double z = 0, m = 0, t = 0;
-    std::vector<double> ne;          // expected numbers, 1..firstPoint
-    std::vector<float> yExtra;       // extrapolated ln(Ne/dt), 1..firstPoint - 1
+    std::vector<double> ne;     // expected numbers, 1..firstPoint
+    std::vector<float> yExtra;  // extrapolated ln(Ne/dt), 1..firstPoint - 1
+    // The observed ordinates redrawn from the numbers, ln(N/dt), firstPoint..lastPoint - 1
+    // (0 elsewhere): a zero-compensated class shows its numbers, not its borrowed Y.
+    std::vector<float> yWorking;
     std::vector<float> probability;  // by class, 1..nC
 };
 
@@ -197,7 +200,8 @@ Outcome CheckTemperature(double t);
 // The Proceed check: refused unless Z > 0 and M > 0; M > Z warns and lets the run go on.
 Outcome CheckMortalities(double z, double m);
 
-// The extrapolation itself, on mortalities already checked; it carries no notices.
+// The extrapolation itself, on mortalities already checked; it carries no notices. Z, M and T
+// are taken as 32-bit floats.
 Extrapolation ExtrapolateProb(const CatchCurveRun& run, double z, double m, double t);
 // "(for Z=...; M (at ...ºC)=...; F=...; E=...)"
 std::string ExtrapolationSubtitle(const Extrapolation& e);

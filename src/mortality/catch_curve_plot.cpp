@@ -17,10 +17,16 @@ constexpr Colour kExtrapolated = Rgb(0, 0, 192);
 
 }  // namespace
 
-std::vector<UserPoint> CatchCurvePointPositions(const CatchCurveRun& run, const CcScale& s) {
+std::vector<UserPoint> CatchCurvePointPositions(const CatchCurveRun& run, const CcScale& s,
+                                                const Extrapolation* ex) {
     std::vector<UserPoint> pts(run.X.size());
-    for (size_t i = 1; i < run.X.size(); ++i)
-        pts[i] = {20 + run.X[i] * s.xScale, 85 - (run.Y[i] - s.yMin) * s.yScale};
+    for (size_t i = 1; i < run.X.size(); ++i) {
+        const int cls = static_cast<int>(i);
+        const bool rebuilt =
+            ex && cls >= run.firstPoint && cls < run.lastPoint && i < ex->yWorking.size();
+        const double y = rebuilt ? ex->yWorking[i] : run.Y[i];
+        pts[i] = {20 + run.X[i] * s.xScale, 85 - (y - s.yMin) * s.yScale};
+    }
     return pts;
 }
 
@@ -51,7 +57,7 @@ CcScale DrawCatchCurve(ChartCanvas& canvas, const CatchCurveRun& run, int picked
     DrawYTitle(canvas, CatchCurveYLabel(run.growth.c));
     DrawXTitle(canvas, CatchCurveXLabel(run.growth.t0));
 
-    const auto pts = CatchCurvePointPositions(run, s);
+    const auto pts = CatchCurvePointPositions(run, s, ex);
     const int f = run.firstPoint, l = run.lastPoint;
     for (int i = run.firstClass; i <= run.lastClass; ++i) {
         const bool chosen = (f > 0 && i >= f && i <= l) || i == pickedFirst || i == pickedLast;

@@ -11,8 +11,10 @@
 
 namespace norvo {
 
-// Canvas position of every class point 1..nC (index 0 unused) under the run's scale.
-std::vector<UserPoint> CatchCurvePointPositions(const CatchCurveRun& run, const CcScale& scale);
+// Canvas position of every class point 1..nC (index 0 unused) under the run's scale; after an
+// extrapolation the fitted stretch but its last point stands at the rebuilt ln(N/dt).
+std::vector<UserPoint> CatchCurvePointPositions(const CatchCurveRun& run, const CcScale& scale,
+                                                const Extrapolation* ex = nullptr);
 // Index of the point within +-1 unit of (x, y), searched from FirstClass upward; -1 if none.
 int HitCatchCurvePoint(const std::vector<UserPoint>& points, int first, int last, double x,
                        double y);

@@ -57,10 +57,22 @@ Extrapolation ExtrapolateWith(const CatchCurveRun& run, double z, double m, doub
     return e;
 }
 
-double AsShownInDialog(double v) {
+namespace {
+
+double AsShown(double v, const char* pattern) {
     double shown = 0;
-    ParseNumber(Format(v, "0.000"), shown);
+    ParseNumber(Format(v, pattern), shown);
     return shown;
+}
+
+}  // namespace
+
+double AsShownInDialog(double v) {
+    return AsShown(v, "0.000");
+}
+
+double ZAsShownInDialog(double z) {
+    return AsShown(z, "0.00");
 }
 
 CatchCurveRun RunCatchCurve(const LfqData& data, const CatchCurveOptions& options) {
@@ -89,7 +101,7 @@ CatchCurveRun RunCatchCurve(const LfqData& data, const CatchCurveOptions& option
     run.absorb(CheckExtrapolation(run));
     if (!run.ok()) return run;
     const MortalityOptions& mo = *options.extrapolate;
-    const double z = mo.z.value_or(CatchCurveZ(run));
+    const double z = mo.z.value_or(ZAsShownInDialog(CatchCurveZ(run)));
     double m = mo.m.value_or(0), t = 0;
     if (mo.temperature) {
         const TemperatureMortality tm = MortalityAtTemperature(*mo.temperature, run.growth);

@@ -31,5 +31,7 @@ Extrapolation ExtrapolateWith(const CatchCurveRun& run, double z, double m, doub
 
 // A value as the mortality dialogue shows it and reads it back: rounded to three decimals.
 double AsShownInDialog(double v);
+// The Z to use as the dialogue presets it from the curve's Z: two decimals.
+double ZAsShownInDialog(double z);
 
 }  // namespace norvo

@@ -110,9 +110,10 @@ LogitFrame DrawLogits(ChartCanvas& canvas, const LogitPoints& pts, int firstPoin
         if (first >= 0) {
             const double a = fit->a(), b = fit->b();
             canvas.SetPen(PenStyle::Solid, 2);
-            const auto p1 = fr.at(pts.x[first], a + b * pts.x[first]);
-            const auto p2 = fr.at(pts.x[last], a + b * pts.x[last]);
-            canvas.Line(p1.x, p1.y, p2.x, p2.y, kChosen);
+            UserPoint p1 = fr.at(pts.x[first], a + b * pts.x[first]);
+            UserPoint p2 = fr.at(pts.x[last], a + b * pts.x[last]);
+            // Logits of the end classes may lie far outside the scale: keep the line inside.
+            if (ClipToFrame(p1, p2)) canvas.Line(p1.x, p1.y, p2.x, p2.y, kChosen);
             canvas.SetPen(PenStyle::Solid, 1);
         }
     }

@@ -2,6 +2,7 @@
 
 #include <ctime>
 #include <filesystem>
+#include <fstream>
 
 #include "base/checked.h"
 #include "data/data_store.h"
@@ -52,6 +53,29 @@ void SaveLF(const std::string& path, const std::string& programFolder, const Len
     });
 }
 
+namespace {
+
+// Whether a file can be written at `path`: its folder exists (it is made when missing) and takes
+// a new file, and the path itself is not a folder. A probe file is made and removed.
+bool CanWriteAt(const std::string& path) {
+    namespace fs = std::filesystem;
+    std::error_code ec;
+    const fs::path target(path);
+    fs::path folder = target.parent_path();
+    if (folder.empty()) folder = ".";
+    if (!fs::exists(folder, ec)) fs::create_directories(folder, ec);
+    if (!fs::is_directory(folder, ec) || fs::is_directory(target, ec)) return false;
+    const fs::path probe = folder / (".norvo-probe-" + target.filename().string());
+    {
+        std::ofstream out(probe);
+        if (!out) return false;
+    }
+    fs::remove(probe, ec);
+    return true;
+}
+
+}  // namespace
+
 SimulationRun RunSimulation(const SimulationInputs& in, const std::string& stockPath,
                             const std::string& catchPath, const std::string& programFolder) {
     SimulationRun run;
@@ -63,6 +87,14 @@ SimulationRun RunSimulation(const SimulationInputs& in, const std::string& stock
     const std::string today = SimulationDateText();
     const std::pair<const std::string*, SimSet> files[] = {{&stockPath, SimSet::Stock},
                                                            {&catchPath, SimSet::Catch}};
+    // Both places are checked before either file is written: a bad second path must not leave
+    // the first file replaced.
+    for (const auto& [path, set] : files) {
+        if (!CanWriteAt(*path)) {
+            run.refuse(kFileSaveError, kSimSaveFailedTitle, Icon::Critical);
+            return run;
+        }
+    }
     for (const auto& [path, set] : files) {
         try {
             SaveLF(*path, programFolder, LengthFreq(run.result, set), run.result.dates, today);

@@ -119,7 +119,8 @@ QWidget* OutputScreen::buildColumn(bool results) {
 void OutputScreen::fill(const ReportDescriptor& report) {
     report_ = report;
     setObjectName(QString::fromStdString(report.screenName));
-    setWindowTitle(QString::fromStdString(report.header1));
+    setWindowTitle(
+        QString::fromStdString(report.caption.empty() ? report.header1 : report.caption));
     headers_[0]->setText(QString::fromStdString(report.header1));
     headers_[1]->setText(QString::fromStdString(report.header2));
     headers_[2]->setText(QString::fromStdString(report.header3));

@@ -7,6 +7,24 @@
 namespace norvo {
 namespace {
 
+TEST(ClipToFrame, KeepsThePartInsideTheFrame) {
+    // A steep line from far below the frame to far above it: cut at y 85 and y 15.
+    UserPoint a{30, 200}, b{60, -100};
+    ASSERT_TRUE(ClipToFrame(a, b));
+    EXPECT_DOUBLE_EQ(a.y, 85);
+    EXPECT_DOUBLE_EQ(a.x, 30 + 30 * (115.0 / 300));
+    EXPECT_DOUBLE_EQ(b.y, 15);
+    // Inside stays as it is; wholly outside (left of the frame, or above it) is dropped.
+    UserPoint c{25, 50}, d{90, 30};
+    ASSERT_TRUE(ClipToFrame(c, d));
+    EXPECT_DOUBLE_EQ(c.x, 25);
+    EXPECT_DOUBLE_EQ(d.y, 30);
+    UserPoint e{5, 50}, f{15, 20};
+    EXPECT_FALSE(ClipToFrame(e, f));
+    UserPoint g{30, 10}, h{60, 2};
+    EXPECT_FALSE(ClipToFrame(g, h));
+}
+
 TEST(PercentCanvas, BeginsWithAWhitePageAndTheCustomaryFrame) {
     ChartCanvas c;
     BeginPercentCanvas(c);

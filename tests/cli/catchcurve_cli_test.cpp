@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
@@ -44,6 +45,9 @@ TEST(CatchCurveCli, FitExtrapolationAndRefusal) {
     EXPECT_EQ(j["points"], nlohmann::json::array({4, 10}));
     const auto& ex = j["extrapolation"];
     EXPECT_NEAR(ex["m"].get<double>(), PaulyM(100, 0.5, 20), 5e-4);
+    // Z as the screen's box holds it: two decimals (then stored in 32 bits).
+    const double zBox = std::round(j["Z"].get<double>() * 100) / 100;
+    EXPECT_EQ(ex["z"].get<double>(), static_cast<double>(static_cast<float>(zBox)));
     ASSERT_EQ(ex["probability"].size(), 11u);
     EXPECT_EQ(ex["probability"][3], 1.0);
     EXPECT_LT(ex["probability"][0].get<double>(), 1.0);

@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
+#include "data/data_store.h"
+#include "growth/elefan_lfq.h"
 #include "support/lfq_fixtures.h"
 #include "support/test_paths.h"
 
@@ -57,6 +59,17 @@ TEST(ElefanRnCli, FaultsAndRefusals) {
     EXPECT_EQ(r.exitCode, 2);
     r = test::RunCli("elefan rn " + path + " --loo 30 --k 1 --ss 1");  // --ss needs --sl
     EXPECT_NE(r.exitCode, 0);
+    // A file without fish is refused before any computation, in every ELEFAN command.
+    const std::string none =
+        test::MakeLfqFile(dir.file("none.lfq"), test::LfqHeaderOf("x", "cm", 10, 2),
+                          test::MonthlySamples(2, 15, 2001), {{0, 0}, {0, 0}, {0, 0}});
+    for (const std::string& cmd :
+         {"elefan rn " + none + " --loo 30 --k 1",
+          "elefan kscan " + none + " --loo 30 --fixed-sp --ss 1 --sl 10"}) {
+        r = test::RunCli("--json " + cmd);
+        EXPECT_EQ(r.exitCode, 2) << cmd;
+        EXPECT_EQ(nlohmann::json::parse(r.out)["refused"]["message"], kElefanNoFishText) << cmd;
+    }
 }
 
 }  // namespace

@@ -31,6 +31,7 @@ TEST(ReportELEFAN1, PrintModeFillsTheElefanPageInOrder) {
     EXPECT_EQ(r.header1, "Norvo 2: Olmar-Tavesh Stock Assessment Tools");
     EXPECT_EQ(r.header2, "ELEFAN 1 Method");
     EXPECT_EQ(r.header3.rfind("Report Generated: ", 0), 0u);
+    EXPECT_EQ(r.caption, r.header3);  // the output screen's caption
     ASSERT_EQ(r.sections.size(), 3u);
     EXPECT_EQ(r.sections[0].heading, "Parameters");
     std::vector<std::string> captions;
@@ -44,20 +45,26 @@ TEST(ReportELEFAN1, PrintModeFillsTheElefanPageInOrder) {
     EXPECT_EQ(out.calls.back(), "unload");
 }
 
-TEST(ReportELEFAN1, SaveModesWriteTheTableAndPlotWithTheirNotices) {
+TEST(ReportELEFAN1, SurfacePrintsThenSavesTheTableAndPlot) {
     test::TempDir dir;
     ChartCanvas canvas;
     FakeOutput out;
     FakeSaver saver;
     ScriptedDialogs dialogs;
+    dialogs.printAnswers = {true};
     const std::string table = dir.file("surface.tab");
     dialogs.saveAnswers = {table, dir.file("surface.bmp")};
-    ASSERT_TRUE(ReportELEFAN1(canvas, out, dialogs, Elefan1ReportMode::SaveSurface, {},
+    ASSERT_TRUE(ReportELEFAN1(canvas, out, dialogs, Elefan1ReportMode::Surface, {},
                               {{"K", "Loo"}, {"0.5", "40"}}, saver.fn()));
+    // The page is printed before the file dialogues open.
+    EXPECT_EQ(out.calls,
+              (std::vector<std::string>{"fill", "picture", "picture", "print", "unload"}));
+    ASSERT_EQ(dialogs.printDialogs.size(), 1u);
     EXPECT_EQ(dialogs.fileDialogs[0].title, "Save table...");
     EXPECT_EQ(dialogs.fileDialogs[0].filter,
               "Tab Delimited File (*.tab)|*.tab|All files (*.*)|*.*");
     EXPECT_EQ(dialogs.fileDialogs[1].title, "Save image...");
+    EXPECT_EQ(dialogs.fileDialogs[1].filter.rfind("Windows Bitmap (*.bmp)|*.bmp|", 0), 0u);
     std::ifstream in(table, std::ios::binary);
     std::stringstream ss;
     ss << in.rdbuf();
@@ -67,18 +74,34 @@ TEST(ReportELEFAN1, SaveModesWriteTheTableAndPlotWithTheirNotices) {
                                        dir.file("surface.bmp") + ".");
     EXPECT_EQ(dialogs.last().title, "Data Saved");
 
-    dialogs.saveAnswers = {std::string("/k.bmp")};
-    ASSERT_TRUE(
-        ReportELEFAN1(canvas, out, dialogs, Elefan1ReportMode::SaveKScan, {}, {}, saver.fn()));
-    EXPECT_EQ(dialogs.last().text, "The K-scan plot was saved in /k.bmp.");
-
     // Cancelling the table dialogue ends it before the picture is asked for.
     const auto before = dialogs.shown.size();
+    dialogs.printAnswers = {true};
     dialogs.saveAnswers = {std::nullopt};
     EXPECT_FALSE(
-        ReportELEFAN1(canvas, out, dialogs, Elefan1ReportMode::SaveSurface, {}, {}, saver.fn()));
+        ReportELEFAN1(canvas, out, dialogs, Elefan1ReportMode::Surface, {}, {}, saver.fn()));
     EXPECT_EQ(dialogs.shown.size(), before);
     EXPECT_TRUE(dialogs.saveAnswers.empty());
+}
+
+TEST(ReportELEFAN1, KScanPrintToFileSavesThePlotWithItsOwnNotice) {
+    ChartCanvas canvas;
+    FakeOutput out;
+    out.toFile = true;
+    FakeSaver saver;
+    ScriptedDialogs dialogs;
+    dialogs.printAnswers = {true};
+    dialogs.saveAnswers = {std::string("/k.bmp")};
+    ASSERT_TRUE(ReportELEFAN1(canvas, out, dialogs, Elefan1ReportMode::KScan, {}, {}, saver.fn()));
+    EXPECT_EQ(dialogs.last().text, "The K-scan plot was saved in /k.bmp.");
+    EXPECT_EQ(dialogs.last().title, "Data Saved");
+    EXPECT_EQ(out.calls.back(), "unload");
+    // On paper it prints the page.
+    out.toFile = false;
+    out.calls.clear();
+    dialogs.printAnswers = {true};
+    ASSERT_TRUE(ReportELEFAN1(canvas, out, dialogs, Elefan1ReportMode::KScan, {}, {}, saver.fn()));
+    EXPECT_EQ(out.calls, (std::vector<std::string>{"fill", "picture", "print", "unload"}));
 }
 
 TEST(ElefanReportInfo, FileFieldsAndParametersAsShown) {

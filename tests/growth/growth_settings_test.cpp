@@ -41,8 +41,13 @@ TEST(GrowthSettings, NoParametersStoreEmptyTextsThatReadAsNothing) {
 TEST(GrowthSettings, MissingKeysAndTextsThatAreNotNumbers) {
     MemorySettingsStore settings;
     auto read = ReadGrowthSettings(settings);
-    EXPECT_FALSE(read[0]);
-    ASSERT_TRUE(read[4]);  // a missing LastSS reads as sample 1
+    // Missing keys read as their defaults: "0.00", and sample 1.
+    for (size_t i : {0u, 1u, 2u, 3u, 5u}) {
+        ASSERT_TRUE(read[i]) << i;
+        EXPECT_EQ(read[i]->value, 0.0);
+        EXPECT_EQ(read[i]->pattern, "0.00");
+    }
+    ASSERT_TRUE(read[4]);
     EXPECT_EQ(read[4]->value, 1.0);
     EXPECT_EQ(read[4]->pattern, "0");
 

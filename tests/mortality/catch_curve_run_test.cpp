@@ -91,8 +91,10 @@ TEST(RunCatchCurve, ExtrapolationFromTheTemperatureAsTheDialogueShowsIt) {
     ASSERT_TRUE(run.ok());
     ASSERT_TRUE(run.extrapolation.has_value());
     const Extrapolation& e = *run.extrapolation;
-    EXPECT_EQ(e.z, CatchCurveZ(run));
-    EXPECT_EQ(e.m, AsShownInDialog(PaulyM(100, 0.5, 20)));
+    // Z as the dialogue's box holds it (two decimals), stored in 32 bits, as on the screen.
+    EXPECT_NE(ZAsShownInDialog(CatchCurveZ(run)), CatchCurveZ(run));
+    EXPECT_EQ(e.z, static_cast<float>(ZAsShownInDialog(CatchCurveZ(run))));
+    EXPECT_EQ(e.m, static_cast<float>(AsShownInDialog(PaulyM(100, 0.5, 20))));
     EXPECT_NEAR(e.m, PaulyM(100, 0.5, 20), 5e-4);
     ASSERT_EQ(e.probability.size(), 12u);
     EXPECT_EQ(e.probability[4], 1.f);
@@ -103,8 +105,8 @@ TEST(RunCatchCurve, ExtrapolationFromTheTemperatureAsTheDialogueShowsIt) {
     ASSERT_TRUE(ChoosePoints(steps, 4, 10).ok());
     ASSERT_TRUE(CheckExtrapolation(steps).ok());
     const auto tm = MortalityAtTemperature(20, steps.growth);
-    const auto same =
-        ExtrapolateWith(steps, CatchCurveZ(steps), AsShownInDialog(tm.m), AsShownInDialog(tm.t));
+    const auto same = ExtrapolateWith(steps, ZAsShownInDialog(CatchCurveZ(steps)),
+                                      AsShownInDialog(tm.m), AsShownInDialog(tm.t));
     EXPECT_EQ(same.probability, e.probability);
     EXPECT_EQ(same.ne, e.ne);
 }
@@ -121,8 +123,8 @@ TEST(RunCatchCurve, ColdWaterTakesTheCorrectedTemperatureAndMFromIt) {
     o.extrapolate = MortalityOptions{{}, {}, 2.0};
     const auto run = RunCatchCurve(Curve(), o);
     ASSERT_TRUE(run.extrapolation.has_value());
-    EXPECT_EQ(run.extrapolation->t, 6.389);
-    EXPECT_EQ(run.extrapolation->m, AsShownInDialog(tm.m));
+    EXPECT_EQ(run.extrapolation->t, 6.389f);
+    EXPECT_EQ(run.extrapolation->m, static_cast<float>(AsShownInDialog(tm.m)));
 }
 
 TEST(RunCatchCurve, ExtrapolationChecksAndTheirNotices) {

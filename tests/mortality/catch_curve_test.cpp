@@ -7,6 +7,7 @@
 
 #include "base/fault.h"
 #include "make_lfq.h"
+#include "mortality/catch_curve_plot.h"
 #include "mortality/pauly_m.h"
 #include "stock/simulation.h"
 
@@ -64,6 +65,14 @@ TEST(CatchCurveAges, SeasonalAgeMatchesPlainAgeWithoutOscillation) {
     EXPECT_NEAR(-t, 2 * std::log(2.0) - 0.3, 2e-4);
     const float ts = SeasonalAgeOfLength(25, 0.3f, 50, 0.5f, 0.8f, 0.2f);
     EXPECT_LT(ts, 0);
+}
+
+TEST(CatchCurveAges, SeasonalAgeStoresIn32BitsButWorksEachExpressionIn64) {
+    // Lengths where a search worked in 32-bit expressions settles one step elsewhere.
+    const float t28 = static_cast<float>(28 / 365.0), t84 = static_cast<float>(84 / 365.0);
+    EXPECT_EQ(SeasonalAgeOfLength(7.03f, t28, 80, 0.37f, 0.1f, 0.6f), -0.158203125f);
+    EXPECT_EQ(SeasonalAgeOfLength(static_cast<float>(52 * 0.37), t84, 80, 0.37f, 1, 0),
+              -0.58782959f);
 }
 
 TEST(CatchCurveSamples, TransformAndTemporalWeights) {
@@ -248,6 +257,35 @@ TEST(CatchCurveExtrapolation, BackwardFromFirstPoint) {
     shown.t = 25;
     EXPECT_EQ(ExtrapolationSubtitle(shown),
               "(for Z=1.20; M (at 25.0\u00baC)=0.40; F=0.80; E=0.67)");
+}
+
+TEST(CatchCurveExtrapolation, RedrawsTheStretchFromItsNumbersWith32BitEntries) {
+    // Class 5 is empty: it borrows from classes 4 and 6, so its Y no longer matches its N.
+    auto run =
+        CatchCurveMethod(MakeLfq(12.5, 5, {{20, 60, 100, 80, 0, 60, 40, 30, 20}}), Plain(100, 0.5));
+    ASSERT_TRUE(run.ok());
+    run.firstPoint = 3;
+    run.lastPoint = 9;
+    FitPoints(run);
+    const double z = 1.234567891, m = 0.3333333333, t = 21.111111111;
+    const auto e = ExtrapolateProb(run, z, m, t);
+    EXPECT_EQ(e.z, static_cast<double>(static_cast<float>(z)));
+    EXPECT_EQ(e.m, static_cast<double>(static_cast<float>(m)));
+    EXPECT_EQ(e.t, static_cast<double>(static_cast<float>(t)));
+    EXPECT_NEAR(e.ne[3], std::exp(-e.z * run.X[3] + run.fit.a()) * run.dt[3], 1e-9 * e.ne[3]);
+    // Classes 3..8 are rebuilt as ln(N/dt); the last point of the stretch keeps its Y.
+    for (int i = 3; i <= 8; ++i)
+        EXPECT_EQ(e.yWorking[i], static_cast<float>(std::log(run.N[i] / run.dt[i]))) << i;
+    EXPECT_EQ(e.yWorking[9], 0.f);
+    EXPECT_GT(std::fabs(e.yWorking[5] - run.Y[5]), 0.01);
+    // The redrawn points stand at the rebuilt ordinates.
+    const CcScale s = CatchCurveScale(run, e.yExtra);
+    const auto before = CatchCurvePointPositions(run, s);
+    const auto after = CatchCurvePointPositions(run, s, &e);
+    EXPECT_EQ(after[5].y, 85 - (e.yWorking[5] - s.yMin) * s.yScale);
+    EXPECT_NE(after[5].y, before[5].y);
+    EXPECT_EQ(after[9].y, before[9].y);
+    EXPECT_EQ(after[2].y, before[2].y);
 }
 
 // A stock with constant recruitment, knife-edge selection and known Z gives that Z back.

@@ -82,6 +82,21 @@ TEST(AultEhrhardt, StopsOnceZPassesTheBevertonHoltValue) {
     EXPECT_FALSE(r.exactRoot.has_value());
 }
 
+TEST(AultEhrhardt, TheFirstStageOutlastsTheTrivialRootAtZero) {
+    // Loo 50, K 0.3, Lmean 30, L' 20, Lmax 40: Z(B&H) = 0.6, z0 = 0.003. The first trial 0.013
+    // lies within 0.005 of R = T, next to the trivial root at 0, and must not end the search.
+    // Here d never reaches the first stage's 0.05 before the real crossing at z = 0.3 (R = T =
+    // 1/3), so the search runs on to the Beverton and Holt bound; the root is shown beside it.
+    const AultEhrhardtInput in{{50, 0.3f, 30, 20}, 40};
+    ASSERT_LT(AultEhrhardtDistance(in, 0.013), 0.005);
+    const auto r = ComputeAultEhrhardt(in);
+    ASSERT_TRUE(r.ok());
+    EXPECT_EQ(r.trials, 60);
+    EXPECT_NEAR(r.z, 0.603, 1e-9);  // K is 0.3 as a float
+    ASSERT_TRUE(r.exactRoot.has_value());
+    EXPECT_NEAR(*r.exactRoot, 0.3, 1e-7);
+}
+
 TEST(AultEhrhardt, LmaxIsCheckedLast) {
     auto text = [](const AultEhrhardtResult& r) {
         return r.refusal() ? r.refusal()->text : std::string();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "data/data_store.h"
 #include "data/lfq_file.h"
@@ -89,6 +90,22 @@ TEST(RunSimulation, RefusedInputsAndUnwritablePathsEndWithTheirNotice) {
     EXPECT_EQ(failing.refusal()->text, "File Save Error. File not saved!");
     EXPECT_FALSE(failing.result.dates.empty());
     EXPECT_FALSE(std::filesystem::exists(dir.file("a.lfq")));
+
+    // A CATCH path that cannot be written (its folder is a file) leaves no STOCK file behind,
+    // and an existing STOCK file as it was.
+    std::ofstream(dir.file("plain")) << "x";
+    const std::string badCatch = dir.file("plain") + "/b.lfq";
+    const SimulationRun second =
+        RunSimulation(DefaultSimulationInputs(), dir.file("a.lfq"), badCatch, BinDir().string());
+    EXPECT_FALSE(second.ok());
+    ASSERT_EQ(second.notices.size(), 1u);
+    EXPECT_EQ(second.refusal()->text, "File Save Error. File not saved!");
+    EXPECT_FALSE(std::filesystem::exists(dir.file("a.lfq")));
+    std::ofstream(dir.file("kept.lfq")) << "old";
+    EXPECT_FALSE(RunSimulation(DefaultSimulationInputs(), dir.file("kept.lfq"), dir.path().string(),
+                               BinDir().string())
+                     .ok());  // the CATCH path is a folder
+    EXPECT_EQ(std::filesystem::file_size(dir.file("kept.lfq")), 3u);
 }
 
 TEST(SampleData, TheBundledFilesAreTheDefaultSimulation) {

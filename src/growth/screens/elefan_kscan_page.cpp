@@ -237,7 +237,7 @@ void ElefanKScanPage::plot() {
 void ElefanKScanPage::report() {
     Elefan1ReportInfo info = MakeElefan1ReportInfo(shared_.file, BoxNumber(c_), BoxNumber(wp_));
     if (result_) info.results.fields = ElefanResultFields(result_->best);
-    RunElefanReport(shared_.ctx, view_->canvas(), Elefan1ReportMode::Print, info);
+    RunElefanReport(shared_.ctx, view_->canvas(), Elefan1ReportMode::KScan, info);
 }
 
 }  // namespace norvo::gui

@@ -52,7 +52,11 @@ QComboBox* MakeStartList(QWidget* parent, const QString& name) {
 }
 
 void ShowNumber(QLineEdit* field, const ShownNumber& n) {
-    SetBoxNumber(field, n.value, n.pattern);
+    if (n.pattern.empty()) {
+        field->setText(SingleText(static_cast<float>(n.value)));
+    } else {
+        SetBoxNumber(field, n.value, n.pattern);
+    }
 }
 
 void ShowBest(const ResultFields& fields, const ElefanBest& best) {
@@ -82,8 +86,8 @@ void FillLengths(const QComboBox* samples, QComboBox* lengths, const RnLayout& l
     for (float L : StartingLengths(layout, *sample)) lengths->addItem(NumberText(L, "0.00"));
 }
 
-void ShowVbgfPlot(ShellContext& ctx) {
-    ctx.showStatus(kPlotStoredStatus);
+void ShowVbgfPlot(ShellContext& ctx, bool stored) {
+    ctx.showStatus(stored ? kPlotStoredStatus : kPlotNotStoredStatus);
     if (auto* plot = dynamic_cast<FrmVbgfPlot*>(ctx.openScreen("frmVBGFPlot")))
         plot->ReadDefaults();
 }

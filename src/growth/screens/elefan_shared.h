@@ -24,6 +24,9 @@ namespace norvo::gui {
 
 inline constexpr const char* kPlotStoredStatus =
     "The growth parameters are stored for the VBGF plot.";
+inline constexpr const char* kPlotNotStoredStatus =
+    "The VBGF plot is open with the parameters it held; none were stored from the response "
+    "surface.";
 inline constexpr const char* kRunCancelledStatus = "Run cancelled; nothing was changed.";
 inline constexpr const char* kLabelLoo = "Loo:";
 inline constexpr const char* kLabelK = "K:";
@@ -117,7 +120,8 @@ void FillStartLists(QComboBox* samples, QComboBox* lengths, const RnLayout& layo
 void FillLengths(const QComboBox* samples, QComboBox* lengths, const RnLayout& layout);
 
 // Shows the VBGF plot screen, which reads the stored parameters (again, when already open).
-void ShowVbgfPlot(ShellContext& ctx);
+// The status line says whether parameters were stored for it.
+void ShowVbgfPlot(ShellContext& ctx, bool stored = true);
 // The ELEFAN report on an output screen made for it.
 void RunElefanReport(ShellContext& ctx, const ChartCanvas& canvas, Elefan1ReportMode mode,
                      const Elefan1ReportInfo& info,

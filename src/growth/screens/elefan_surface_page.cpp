@@ -200,14 +200,14 @@ void ElefanSurfacePage::computeFiner(int n) {
 
 void ElefanSurfacePage::plot() {
     if (!shared_.ctx.dialogs.askYesNo(kSurfaceWarning, kSurfaceWarningTitle, Icon::Warning)) return;
-    ShowVbgfPlot(shared_.ctx);
+    ShowVbgfPlot(shared_.ctx, false);
 }
 
 void ElefanSurfacePage::report() {
     if (!result_) return;
     const Elefan1ReportInfo info =
         MakeElefan1ReportInfo(shared_.file, BoxNumber(c_[0]), BoxNumber(wp_[0]));
-    RunElefanReport(shared_.ctx, heatMap_->canvas(), Elefan1ReportMode::SaveSurface, info,
+    RunElefanReport(shared_.ctx, heatMap_->canvas(), Elefan1ReportMode::Surface, info,
                     SurfaceTableTexts(*result_));
 }
 

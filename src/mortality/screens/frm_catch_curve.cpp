@@ -121,6 +121,12 @@ FrmCatchCurve::FrmCatchCurve(ShellContext& ctx, QWidget* parent)
     pointsRow->addWidget(firstPoint_);
     pointsRow->addWidget(new QLabel("Last point:", curveTab));
     pointsRow->addWidget(lastPoint_);
+    curveZ_ = new QLabel(curveTab);
+    curveR_ = new QLabel(curveTab);
+    pointsRow->addWidget(new QLabel(kStatCaptions[6], curveTab));
+    pointsRow->addWidget(curveZ_);
+    pointsRow->addWidget(new QLabel(kStatCaptions[19], curveTab));
+    pointsRow->addWidget(curveR_);
     pointsRow->addStretch();
     curveLayout->addLayout(pointsRow);
     tabs_->addTab(curveTab, kCcTabs[1]);
@@ -219,6 +225,8 @@ void FrmCatchCurve::clearForChange() {
     firstPoint_->clear();
     lastPoint_->clear();
     for (auto* s : stats_) s->clear();
+    curveZ_->clear();
+    curveR_->clear();
     const std::string name = st_->data.path.empty() ? "" : st_->data.path;
     setWindowTitle(QString::fromStdString(kCcCaptionPrefix + name + "]"));
 }
@@ -264,7 +272,7 @@ void FrmCatchCurve::redraw() {
     CatchCurveRun shown = *st_->run;
     if (!fitted) shown.firstPoint = shown.lastPoint = 0;
     st_->scale = DrawCatchCurve(plot_->canvas(), shown, st_->pick1, 0, extrapolation());
-    st_->positions = CatchCurvePointPositions(*st_->run, st_->scale);
+    st_->positions = CatchCurvePointPositions(*st_->run, st_->scale, extrapolation());
     plot_->update();
 }
 
@@ -302,6 +310,8 @@ void FrmCatchCurve::fillStatistics() {
     stats_[18]->setText(NumberText(f[R::kMeanY], "0.000") + " / " +
                         NumberText(f[R::kSdY], "0.000"));
     put(19, f.r(), "0.0000");
+    curveZ_->setText(stats_[6]->text());
+    curveR_->setText(stats_[19]->text());
 }
 
 void FrmCatchCurve::ResetSelections() {

@@ -53,6 +53,9 @@ class FrmCatchCurve : public QWidget {
     QLineEdit* field(int index) const { return fields_[index]; }  // Loo, K, C, WP, t0
     PlotView* plot() const { return plot_; }
     QLabel* statistic(int index) const { return stats_[index]; }
+    // The Z of the fit and r beside the curve, as on the statistics tab.
+    QLabel* curveZ() const { return curveZ_; }
+    QLabel* curveR() const { return curveR_; }
     const CatchCurveRun* run() const;
     const Extrapolation* extrapolation() const;
     FrmProbCatchCurve* mortalityDialog() const { return probDialog_; }
@@ -87,6 +90,8 @@ class FrmCatchCurve : public QWidget {
     QLineEdit* lastPoint_ = nullptr;
     std::array<QPushButton*, 7> cmd_{};
     std::array<QLabel*, 20> stats_{};
+    QLabel* curveZ_ = nullptr;
+    QLabel* curveR_ = nullptr;
     FrmProbCatchCurve* probDialog_ = nullptr;
     FrmProbability* probScreen_ = nullptr;
 };

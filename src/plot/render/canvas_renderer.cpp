@@ -77,9 +77,12 @@ void PaintCommands(QPainter& painter, const std::vector<DrawCommand>& commands, 
     painter.setClipRect(target);
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setRenderHint(QPainter::TextAntialiasing, true);
-    // Text and pens grow with the target against the nominal picture.
+    // Pens grow with the target against the nominal picture. Text keeps its point size on
+    // any target: a stretched window or a shrunk one shows it as legible as the page does.
     const double k = std::min(target.width() / std::max(1, nominalWidthPx),
                               target.height() / std::max(1, nominalHeightPx));
+    const QPaintDevice* device = painter.device();
+    const double textScale = device ? device->logicalDpiY() / kScreenDpi : 1.0;
 
     Mapper map{UserScale{}, target};
     PenStyle penStyle = PenStyle::Solid;
@@ -114,10 +117,16 @@ void PaintCommands(QPainter& painter, const std::vector<DrawCommand>& commands, 
                 painter.setBrush(Qt::NoBrush);
                 painter.drawRect(QRectF(map.point(c.x1, c.y1), map.point(c.x2, c.y2)).normalized());
                 break;
-            case DrawOp::FilledBox:
-                painter.fillRect(QRectF(map.point(c.x1, c.y1), map.point(c.x2, c.y2)).normalized(),
-                                 ToQColor(c.colour));
+            case DrawOp::FilledBox: {
+                // Edges widened to whole device pixels: boxes side by side whose shared edge
+                // differs by an ulp overlap by a pixel at most and never leave a seam.
+                const QRectF r = QRectF(map.point(c.x1, c.y1), map.point(c.x2, c.y2)).normalized();
+                const QPointF topLeft(std::floor(r.left()), std::floor(r.top()));
+                const QPointF bottomRight(std::max(std::ceil(r.right()), topLeft.x() + 1),
+                                          std::max(std::ceil(r.bottom()), topLeft.y() + 1));
+                painter.fillRect(QRectF(topLeft, bottomRight), ToQColor(c.colour));
                 break;
+            }
             case DrawOp::Circle: {
                 painter.setPen(makePen(c.colour));
                 if (fillStyle == FillStyle::Solid) {
@@ -164,7 +173,7 @@ void PaintCommands(QPainter& painter, const std::vector<DrawCommand>& commands, 
             case DrawOp::SetFont:
                 break;  // Print carries its own font and colour
             case DrawOp::Print: {
-                const QFont font = PlotFont(c.font, k);
+                const QFont font = PlotFont(c.font, textScale);
                 painter.save();
                 painter.setFont(font);
                 painter.setPen(ToQColor(c.colour));

@@ -1,7 +1,8 @@
 #pragma once
 // Paints a chart canvas's display list with QtGui: onto a widget, a printer, an image (BMP,
-// PNG), an SVG drawing or a PDF page, at any size. Text and pen widths scale with the target
-// against the canvas's nominal pixel size, so every output shows the same picture.
+// PNG), an SVG drawing or a PDF page, at any size. Pen widths scale with the target against the
+// canvas's nominal pixel size; text keeps its point size at the device's resolution, so it stays
+// legible in a small window and does not swell in a large one.
 #include <QColor>
 #include <QFont>
 #include <QImage>

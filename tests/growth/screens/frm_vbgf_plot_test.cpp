@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPixmap>
 #include <QScrollBar>
+#include <QStringList>
 #include <QTabWidget>
 #include <cstdlib>
 #include <memory>
@@ -42,6 +43,12 @@ struct FrmVbgfPlotTest : ::testing::Test {
     }
 };
 
+TEST_F(FrmVbgfPlotTest, MissingKeysShowTheirDefaults) {
+    FrmVbgfPlot fresh(ctx);
+    for (int i : {0, 1, 2, 3, 5}) EXPECT_EQ(fresh.box(i)->text().toStdString(), "0.00") << i;
+    EXPECT_EQ(fresh.box(4)->text().toStdString(), "1");
+}
+
 TEST_F(FrmVbgfPlotTest, ElefanPlotCommandOpensTheScreenWithTheBestKScanParameters) {
     FrmElefan1 elefan(ctx);
     elefan.tabs()->setCurrentIndex(1);
@@ -61,7 +68,8 @@ TEST_F(FrmVbgfPlotTest, ElefanPlotCommandOpensTheScreenWithTheBestKScanParameter
     EXPECT_EQ(settings.runTime("LastLoo", "?"), elefan.txtELEFAN1(6)->text().toStdString());
 
     if (const char* shot = std::getenv("NORVO_VBGF_SCREENSHOT")) {
-        plot->resize(900, 700);
+        const QStringList size = qEnvironmentVariable("NORVO_SHOT_SIZE", "900x700").split('x');
+        plot->resize(size.value(0).toInt(), size.value(1).toInt());
         plot->tabs()->setCurrentIndex(1);
         plot->show();
         plot->grab().save(shot);

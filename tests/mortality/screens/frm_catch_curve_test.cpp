@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QStringList>
 #include <QTabWidget>
 #include <cstdlib>
 #include <filesystem>
@@ -35,11 +36,12 @@
 namespace norvo::gui {
 namespace {
 
-// Screenshots go where NORVO_SHOTS points, if set.
+// Screenshots go where NORVO_SHOTS points, if set, at NORVO_SHOT_SIZE ("800x600") if set.
 void Shot(QWidget* w, const std::string& name) {
     const char* dir = std::getenv("NORVO_SHOTS");
     if (!dir) return;
-    w->resize(900, 620);
+    const QStringList size = qEnvironmentVariable("NORVO_SHOT_SIZE", "900x620").split('x');
+    w->resize(size.value(0).toInt(), size.value(1).toInt());
     w->grab().save(QString::fromStdString(std::string(dir) + "/" + name + ".png"));
 }
 
@@ -99,6 +101,9 @@ TEST_F(CatchCurveRoad, FromFileToTrawlTypeSelection) {
     const double z = CatchCurveZ(*f.run());
     EXPECT_NEAR(z, 1.0, 0.15);
     EXPECT_EQ(f.statistic(6)->text().toStdString(), Format(z, "0.00"));
+    // Z and r also stand beside the curve.
+    EXPECT_EQ(f.curveZ()->text(), f.statistic(6)->text());
+    EXPECT_EQ(f.curveR()->text().toStdString(), Format(f.run()->fit.r(), "0.0000"));
     Shot(&f, "cc_curve");
 
     // Clicks outside a selection round, off a point, and too close together.

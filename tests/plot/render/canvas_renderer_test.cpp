@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QImage>
@@ -150,6 +152,49 @@ TEST(SavePlot, WritesEachFormatByExtensionAndFailsQuietlyOnABadFolder) {
 
     for (const char* ext : {"png", "bmp", "svg", "pdf"}) {
         EXPECT_FALSE(SavePlot(canvas, dir.file("missing/x.") + ext)) << ext;
+    }
+}
+
+// Rows of pixels that hold any dark ink: the height of the text drawn.
+int InkRows(const QImage& img) {
+    int rows = 0;
+    for (int y = 0; y < img.height(); ++y) {
+        bool ink = false;
+        for (int x = 0; x < img.width() && !ink; ++x) ink = qGray(img.pixel(x, y)) < 128;
+        rows += ink;
+    }
+    return rows;
+}
+
+TEST(RenderCanvas, TextKeepsItsPointSizeAtAnyTargetSize) {
+    ChartCanvas canvas;
+    canvas.Scale(0, 0, 100, 100);
+    canvas.FilledBox(0, 0, 100, 100, kWhite);
+    canvas.SetForeColour(kBlack);
+    canvas.MoveTo(10, 10);
+    canvas.Print("Score function");
+    const int small = InkRows(RenderCanvas(canvas, 300, 200));
+    EXPECT_GE(small, 8);  // 8 points at 96 dots per inch: about 11 px high
+    EXPECT_EQ(InkRows(RenderCanvas(canvas, 2400, 1800)), small);
+}
+
+TEST(RenderCanvas, BoxesSideBySideLeaveNoSeam) {
+    // 21 rows of a heat map between y 10 and 85, each box from its own sums, as the surface
+    // draws them, at many window heights.
+    ChartCanvas canvas;
+    canvas.Scale(0, 0, 100, 100);
+    canvas.FilledBox(0, 0, 100, 100, kWhite);
+    const double cellH = (85.0 - 10) / 21;
+    for (int i = 0; i < 21; ++i) {
+        const double y = 85 - (i + 1) * cellH;
+        canvas.FilledBox(20, y, 95, y + cellH, i % 2 ? kRed : kBlack);
+    }
+    for (int h = 300; h <= 1000; h += 3) {
+        const QImage img = RenderCanvas(canvas, 400, h);
+        const int top = static_cast<int>(std::ceil(h * 0.10)) + 1;
+        const int bottom = static_cast<int>(std::floor(h * 0.85)) - 1;
+        for (int y = top; y <= bottom; ++y)
+            ASSERT_NE(img.pixel(200, y) & 0xFFFFFF, 0xFFFFFFu) << "height " << h << " row " << y;
     }
 }
 
