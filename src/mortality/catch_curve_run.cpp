@@ -1,5 +1,7 @@
 #include "mortality/catch_curve_run.h"
 
+#include <charconv>
+#include <string>
 #include <utility>
 
 #include "base/format.h"
@@ -58,8 +60,10 @@ Extrapolation ExtrapolateWith(const CatchCurveRun& run, double z, double m, doub
 }
 
 double AsShownInDialog(double v) {
+    // Format writes a point whatever the locale, so the text is read back locale-free.
+    const std::string text = Format(v, "0.000");
     double shown = 0;
-    ParseNumber(Format(v, "0.000"), shown);
+    std::from_chars(text.data(), text.data() + text.size(), shown);
     return shown;
 }
 
