@@ -3,6 +3,10 @@
 
 #include "base/fault.h"
 #include "cli/cli_support.h"
+#include "cli/examples.h"
+#include "cli/interrupt.h"
+#include "data/data_store.h"
+#include "data/store_routines.h"
 
 namespace norvo::cli {
 
@@ -11,6 +15,32 @@ std::vector<CommandSetup>& CommandRegistry() {
     return registry;
 }
 
+namespace {
+
+constexpr int kExitUsage = 1;  // the arguments were wrong: CLI11's message on stderr
+constexpr const char* kExitCodesFooter =
+    "Exit codes: 0 a result, 1 wrong arguments, 2 the input was refused (the notice on stderr),\n"
+    "3 an arithmetic fault, 130 stopped with Ctrl-C.";
+
+int Refused(const Context& ctx, const std::string& title, const std::string& message) {
+    if (ctx.json) {
+        ctx.print({{"refused", {{"title", title}, {"message", message}}}});
+    } else {
+        std::cerr << title << ": " << message << "\n";
+    }
+    return kExitRefused;
+}
+
+int Faulted(const Context& ctx, const std::string& description, long number) {
+    if (ctx.json) {
+        ctx.print({{"fault", {{"description", description}, {"number", number}}}});
+    } else {
+        std::cerr << "Fault " << number << ": " << description << "\n";
+    }
+    return kExitFault;
+}
+
+}  // namespace
 }  // namespace norvo::cli
 
 int main(int argc, char** argv) {
@@ -26,25 +56,31 @@ int main(int argc, char** argv) {
     app.require_subcommand(1);
     app.add_flag("--json", ctx.json, "Print results as JSON");
     app.fallthrough();
+    app.footer(kExitCodesFooter);
     for (auto& setup : CommandRegistry()) setup(app, ctx);
+    AddExamples(app);
+    InstallInterruptFlag();
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {
-        return app.exit(e);
+        // Help and version are not errors; every usage error has the one documented code.
+        const int code = app.exit(e);
+        return code == 0 ? kExitOk : kExitUsage;
     } catch (const Refusal& r) {
-        if (ctx.json) {
-            ctx.print({{"refused", {{"title", r.title}, {"message", r.what()}}}});
-        } else {
-            std::cerr << r.title << ": " << r.what() << "\n";
-        }
-        return kExitRefused;
+        return Refused(ctx, r.title, r.what());
+    } catch (const Stopped&) {
+        std::cerr << kStoppedText << "\n";
+        return kExitStopped;
     } catch (const norvo::Fault& f) {
-        if (ctx.json) {
-            ctx.print({{"fault", {{"description", f.description()}, {"number", f.number()}}}});
-        } else {
-            std::cerr << "Fault " << f.number() << ": " << f.description() << "\n";
-        }
-        return kExitFault;
+        return Faulted(ctx, f.description(), f.number());
+    } catch (const norvo::StoreError& e) {
+        // A store that could not be written or read: the notice the screens give.
+        if (e.access() == norvo::StoreAccess::Save)
+            return Refused(ctx, norvo::kAppTitle, norvo::kFileSaveError);
+        return Refused(ctx, norvo::kInvalidDataTitle, norvo::kCorruptedOrWrongFormat);
+    } catch (const std::exception& e) {
+        // Whatever else ends a command ends it with a report, never with an abort.
+        return Faulted(ctx, e.what(), 0);
     }
     return kExitOk;
 }

@@ -11,6 +11,7 @@
 #include "base/format.h"
 #include "cli/cli_support.h"
 #include "cli/cmd_elefan.h"
+#include "cli/interrupt.h"
 #include "data/lfq_file.h"
 #include "growth/elefan.h"
 #include "growth/elefan_lfq.h"
@@ -83,6 +84,24 @@ nlohmann::json ParamsJson(const GrowthParams& q, float rn) {
             {"rn", Shortest(rn)}};
 }
 
+// Progress on a terminal's stderr; Ctrl-C cancels the run between two steps.
+class CliSink : public SearchSink {
+  public:
+    explicit CliSink(const char* label) : line_(label) {}
+    void progress(int done, int total) override { line_.show(done, total); }
+    bool cancelled() override { return Interrupted(); }
+
+  private:
+    ProgressLine line_;
+};
+
+// The result of a run, or the end of the command when Ctrl-C cancelled it.
+template <class T>
+T Finished(std::optional<T> result) {
+    if (!result) throw Stopped();
+    return std::move(*result);
+}
+
 // ---- kscan ---------------------------------------------------------------------------------
 
 struct KScanOptions : Common {
@@ -93,8 +112,8 @@ struct KScanOptions : Common {
 void RunKScan(Context& ctx, const KScanOptions& o) {
     Loaded l = Load(ctx, o);
     KScanInput in{o.loo, o.c, o.wp, o.fixed, l.state.ss, l.state.sl};
-    SearchSink sink;
-    const KScanResult r = *KScan(*l.rn, in, sink);
+    CliSink sink("K-scan");
+    const KScanResult r = Finished(KScan(*l.rn, in, sink));
     if (!o.plot.empty()) {
         ChartCanvas canvas;
         DrawKScanFrame(canvas, o.loo);
@@ -141,8 +160,8 @@ void RunSurface(Context& ctx, const SurfaceOptions& o) {
     in.sl = o.sl.value_or(0);
     ctx.take(CheckSurfaceInput(in));
     Loaded l = Load(ctx, o);
-    SearchSink sink;
-    const SurfaceResult r = *ResponseSurface(*l.rn, in, l.state, sink);
+    CliSink sink("Response surface");
+    const SurfaceResult r = Finished(ResponseSurface(*l.rn, in, l.state, sink));
     if (!o.plot.empty()) {
         ChartCanvas canvas;
         DrawSurfaceHeatMap(canvas, r);
@@ -195,8 +214,8 @@ void RunSearch(Context& ctx, const SearchOptions& o) {
     in.sLength = o.sl.value_or(0);
     Loaded l = Load(ctx, o);
     ctx.take(CheckSearchSeeds(in, l.scorer->layout()));
-    SearchSink sink;
-    const AutoSearchResult r = *AutoSearch(*l.rn, in, l.state, sink);
+    CliSink sink("Search");
+    const AutoSearchResult r = Finished(AutoSearch(*l.rn, in, l.state, sink));
     ctx.take(r);
     if (ctx.json) {
         nlohmann::json rows = nlohmann::json::array();

@@ -7,20 +7,28 @@
 #include "data/file_kind.h"
 #include "data/store_routines.h"
 #include "data/table_io.h"
+#include "data/write_notices.h"
 
 namespace norvo::cli {
 namespace {
 
 struct ImportArgs {
     std::string table, out, species, unit = "cm", type = "Total length (TL)";
+    bool force = false;
 };
 struct ExportArgs {
     std::string file, out;
-    bool csv = false, tab = false;
+    bool csv = false, tab = false, force = false;
 };
 struct DosArgs {
     std::string text, out;
+    bool force = false;
 };
+
+// A file the user already has is not replaced unless asked for with --force.
+void KeepExisting(const std::string& out, bool force) {
+    if (FileExists(out) && !force) throw Refusal(kCreateFileTitle, FileExistsText(out));
+}
 
 void Done(Context& ctx, const std::string& what, const std::string& path) {
     if (ctx.json) {
@@ -32,12 +40,13 @@ void Done(Context& ctx, const std::string& what, const std::string& path) {
 
 void RunImport(Context& ctx, const ImportArgs& a) {
     if (!FileExists(a.table)) throw Refusal(kAppTitle, kPathDoesNotExist);
+    KeepExisting(a.out, a.force);
     TableImportOptions o;
     o.speciesname = a.species;
     o.unit = a.unit;
     o.typeOfMeasurement = a.type;
     try {
-        ImportTable(a.table, a.out, ctx.programFolder, o);
+        ctx.take(ImportTable(a.table, a.out, ctx.programFolder, o));
     } catch (const TableFormatError& e) {
         throw Refusal(kInvalidDataTitle, e.what());
     } catch (const StoreError& e) {
@@ -48,19 +57,29 @@ void RunImport(Context& ctx, const ImportArgs& a) {
 
 void RunExport(Context& ctx, const ExportArgs& a) {
     if (!FileExists(a.file)) throw Refusal(kAppTitle, kPathDoesNotExist);
+    KeepExisting(a.out, a.force);
     try {
         ExportTable(a.file, a.out, a.tab ? '\t' : ',');
-    } catch (const StoreError&) {
+    } catch (const StoreError& e) {
+        if (e.access() == StoreAccess::Save) throw Refusal(kAppTitle, CannotWriteText(a.out));
         throw Refusal(kInvalidDataTitle, kCorruptedOrWrongFormat);
     }
     Done(ctx, "exported", a.out);
 }
 
 void RunDos(Context& ctx, const DosArgs& a) {
+    KeepExisting(a.out, a.force);
+    DosImport data;
     try {
-        SaveDosImport(a.out, ctx.programFolder, ReadDosFile(a.text));
+        data = ReadDosFile(a.text);
     } catch (const std::exception&) {
         throw Refusal(kInvalidDataTitle, kImportFailedText);
+    }
+    ctx.take(data);
+    try {
+        SaveDosImport(a.out, ctx.programFolder, data);
+    } catch (const std::exception&) {
+        throw Refusal(kAppTitle, kFileSaveError);
     }
     if (ctx.json) {
         ctx.print({{"imported", a.out}});
@@ -78,6 +97,7 @@ RegisterCommand reg{[](CLI::App& app, Context& ctx) {
     i->add_option("--unit", im->unit, "Unit of measurement (cm, mm, in)")
         ->check(CLI::IsMember({"cm", "mm", "in", "kg", "g"}));
     i->add_option("--type", im->type, "Type of measurement");
+    i->add_flag("--force", im->force, "Replace OUT if it exists");
     i->callback([&ctx, im] { RunImport(ctx, *im); });
 
     auto ex = std::make_shared<ExportArgs>();
@@ -87,6 +107,7 @@ RegisterCommand reg{[](CLI::App& app, Context& ctx) {
     auto* tab = e->add_flag("--tab", ex->tab, "Tab-separated");
     csv->excludes(tab);
     e->add_option("OUT", ex->out, "Table to write")->required();
+    e->add_flag("--force", ex->force, "Replace OUT if it exists");
     e->callback([&ctx, ex] {
         if (!ex->csv && !ex->tab) throw CLI::ValidationError("export", "--csv or --tab needed");
         RunExport(ctx, *ex);
@@ -96,6 +117,7 @@ RegisterCommand reg{[](CLI::App& app, Context& ctx) {
     auto* d = app.add_subcommand("import-dos", "Import the old DOS edition's text file");
     d->add_option("TEXT", dos->text, "Text file of the DOS edition")->required();
     d->add_option("OUT", dos->out, "Grouped file (.lfq) to make")->required();
+    d->add_flag("--force", dos->force, "Replace OUT if it exists");
     d->callback([&ctx, dos] { RunDos(ctx, *dos); });
 }};
 

@@ -9,6 +9,7 @@
 #include "data/file_kind.h"
 #include "data/schema.h"
 #include "data/store_routines.h"
+#include "data/write_notices.h"
 
 namespace norvo::cli {
 namespace {
@@ -34,7 +35,9 @@ std::string ToText(const nlohmann::json& j) {
     return j.dump();
 }
 
-void RunNew(Context& ctx, const std::string& path) {
+void RunNew(Context& ctx, const std::string& path, bool force) {
+    // The "Create File" question is answered No for a file that exists, unless forced.
+    if (FileExists(path) && !force) throw Refusal(kCreateFileTitle, FileExistsText(path));
     if (!CreateFromTemplate(path, ctx.programFolder, ctx.dialogs)) ctx.refuseWithLastNotice();
     const FileKind* kind = KindOfFile(path);
     if (ctx.json) {
@@ -97,11 +100,13 @@ void RunInfo(Context& ctx, const std::string& path) {
 
 RegisterCommand reg{[](CLI::App& app, Context& ctx) {
     auto newPath = std::make_shared<std::string>();
+    auto force = std::make_shared<bool>(false);
     auto* cmdNew =
         app.add_subcommand("new", "Make a data file of the path's kind from its template");
     cmdNew->add_option("PATH", *newPath, "File to create; its extension gives the kind")
         ->required();
-    cmdNew->callback([&ctx, newPath] { RunNew(ctx, *newPath); });
+    cmdNew->add_flag("--force", *force, "Replace an existing file with the empty template");
+    cmdNew->callback([&ctx, newPath, force] { RunNew(ctx, *newPath, *force); });
 
     auto infoPath = std::make_shared<std::string>();
     auto* cmdInfo =

@@ -42,9 +42,9 @@ void RunSelection(Context& ctx, const SelectionCliOptions& o) {
         curve = RunningAverage(in);
     }
     if (!o.save.empty())
-        SaveProbabilities(
+        ctx.take(SaveProbabilities(
             o.save, ctx.programFolder,
-            {prb.header.speciesname, prb.header.otherId, prb.header.unitOfMeasurement}, in);
+            {prb.header.speciesname, prb.header.otherId, prb.header.unitOfMeasurement}, in));
     if (ctx.json) {
         ctx.print({{"L25", curve.l25},
                    {"L50", curve.l50},

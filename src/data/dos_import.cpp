@@ -57,6 +57,17 @@ int ClassPosition(double x) {
 
 }  // namespace
 
+std::string NegativeFrequencyText(int row, int column) {
+    return "The frequency in row " + std::to_string(row) + ", column " + std::to_string(column) +
+           " is negative. Frequencies cannot be negative. Import of data failed.";
+}
+
+std::string SampleCountText(int announced, int read) {
+    return "The file announces " + std::to_string(announced) + " samples on line 4, but " +
+           std::to_string(read) + " were found. The " + std::to_string(read) +
+           " samples found were imported.";
+}
+
 std::string DosUnit(const std::string& line) {
     const char first =
         line.empty() ? ' '
@@ -81,11 +92,11 @@ DosImport ReadDosFile(const std::string& path) {
     d.classInterval = Number(classes[0]);
     d.smallestMl = Number(classes[1]);
     d.largestMl = Number(classes[2]);
-    if (samples < 1 || d.classInterval <= 0 || d.largestMl < d.smallestMl)
-        throw DosFormatError("class structure");
+    if (d.classInterval <= 0 || d.largestMl < d.smallestMl) throw DosFormatError("class structure");
     const int rows = ClassPosition((d.largestMl - d.smallestMl) / d.classInterval + 1);
     if (rows < 1 || rows > 100000) throw DosFormatError("class count");
-    d.grid.assign(rows, std::vector<std::optional<double>>(samples));
+    // One column per sample found, whatever line 4 announces.
+    d.grid.assign(rows, {});
     for (int i = 1; i <= rows; ++i)
         d.rowHeadings.push_back((i - 1) * d.classInterval + d.smallestMl);
 
@@ -93,7 +104,7 @@ DosImport ReadDosFile(const std::string& path) {
     for (std::string line; NextLine(in, line);) {
         const std::vector<std::string> t = Tokens(line);
         if (t.empty()) continue;  // blank lines between or after the samples
-        if (t.size() < 5 || s >= samples) throw DosFormatError("sample line");
+        if (t.size() < 5) throw DosFormatError("sample line");
         const int lines = Whole(t[0]);
         const double first = Number(t[1]);
         const int month = Whole(t[2]);
@@ -103,16 +114,21 @@ DosImport ReadDosFile(const std::string& path) {
         int pd = 0, pm = 0, py = 0;
         if (!ParseSampleDate(heading, pd, pm, py)) throw DosFormatError("sample date");
         d.headings.push_back(heading);
+        for (auto& row : d.grid) row.emplace_back();
         const int r0 = ClassPosition((first - d.smallestMl) / d.classInterval + 1);
         for (int k = 1; k <= lines; ++k) {
             const std::vector<std::string> f = Tokens(RequireLine(in));
             const int row = r0 + k - 1;
             if (f.empty() || row < 1 || row > rows) throw DosFormatError("frequency line");
-            d.grid[row - 1][s] = Number(f[0]);
+            const double v = Number(f[0]);
+            if (v < 0 && d.ok()) d.refuse(NegativeFrequencyText(row, s + 1), kInvalidDataTitle);
+            d.grid[row - 1][s] = v;
         }
         ++s;
     }
-    if (s != samples) throw DosFormatError("sample count");
+    if (s == 0) throw DosFormatError("no sample");
+    if (s != samples && d.ok())
+        d.note(SampleCountText(samples, s), kImportDoneTitle, Icon::Information);
     return d;
 }
 

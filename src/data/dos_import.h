@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "base/outcome.h"
+
 namespace norvo {
 
 inline constexpr const char* kImportRemarks = "Imported from Norvo (DOS ver.)";
@@ -27,9 +29,15 @@ class DosFormatError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// The file as the import grid holds it: one row per class, one column per sample, cells
-// outside a sample's stretch blank.
-struct DosImport {
+// "The frequency in row <r>, column <c> is negative. ..." (row: class from 1; column: sample).
+std::string NegativeFrequencyText(int row, int column);
+// Told when the samples found differ from the count on line 4; the samples found are imported.
+std::string SampleCountText(int announced, int read);
+
+// The file as the import grid holds it: one row per class, one column per sample read, cells
+// outside a sample's stretch blank. Refused (with the cell) when a frequency is negative; a
+// sample count that differs from line 4 is noted.
+struct DosImport : Outcome {
     std::string speciesname;
     std::string otherId;
     std::string unit;  // "cm", "mm" or "in"
@@ -44,7 +52,8 @@ struct DosImport {
 // The unit of a unit line: "C..." cm, "M..." mm, anything else in (case ignored).
 std::string DosUnit(const std::string& line);
 
-// Reads the text file. Throws DosFormatError when it is missing or malformed.
+// Reads the text file. Throws DosFormatError when it is missing or malformed, or holds no
+// sample at all.
 DosImport ReadDosFile(const std::string& path);
 
 // Writes the import to `destination` (an LFQ path) from the template: header with type

@@ -282,7 +282,9 @@ ReadResult<LfqHeader> ReadLfqHeader(const std::string& path) {
         return InvalidDataError(path);
     }
     if (anyMeasure) {
-        h.noOfClasses = CLng(Fix(Div(maxMid - h.smallestMl, h.classInterval)) + 1);
+        // Rounded, not truncated: a largest midlength stored a hair below its exact value (a sum
+        // of 32-bit values that are not binary fractions) must not lose its class.
+        h.noOfClasses = CLng(Div(maxMid - h.smallestMl, h.classInterval)) + 1;
     }
     h.largestMl = (h.noOfClasses - 1) * h.classInterval + h.smallestMl;
     return h;

@@ -8,6 +8,7 @@
 #include "base/checked.h"
 #include "data/file_kind.h"
 #include "data/lfq_file.h"
+#include "data/record_checks.h"
 #include "data/record_kinds.h"
 #include "data/schema.h"
 #include "data/store_routines.h"
@@ -148,8 +149,8 @@ void ImportLfq(const Rows& rows, const std::string& out, const std::string& prog
     });
 }
 
-void ImportKind(const Rows& rows, const std::string& out, const std::string& programFolder,
-                const RecordKind& kind, const TableImportOptions& o) {
+Outcome ImportKind(const Rows& rows, const std::string& out, const std::string& programFolder,
+                   const RecordKind& kind, const TableImportOptions& o) {
     if (rows.empty()) throw TableFormatError(1, 1, "the table is empty");
     // Columns by the field names of the heading line, in any order.
     std::vector<int> columnOf(rows[0].size(), -1);
@@ -192,7 +193,10 @@ void ImportKind(const Rows& rows, const std::string& out, const std::string& pro
         if (f == "Type_Of_Measurement") file.header[f] = o.typeOfMeasurement;
         if (f == "Remarks") file.header[f] = o.remarks;
     }
-    WriteRecordFile(out, programFolder, kind, file);
+    // The editor's checks, so that a table lets in nothing the editor would refuse.
+    Outcome checked = CheckRecordRows(kind, file.rows);
+    if (checked.ok()) WriteRecordFile(out, programFolder, kind, file);
+    return checked;
 }
 
 }  // namespace
@@ -288,27 +292,30 @@ void ExportTable(const std::string& path, const std::string& out, char delimiter
     std::ofstream f(out, std::ios::binary | std::ios::trunc);
     f << text;
     f.close();
-    if (!f) throw StoreError("cannot write " + out);
+    if (!f) throw StoreError("cannot write " + out, StoreAccess::Save);
 }
 
-void ImportRows(const Rows& rows, const std::string& out, const std::string& programFolder,
-                const TableImportOptions& options) {
+Outcome ImportRows(const Rows& rows, const std::string& out, const std::string& programFolder,
+                   const TableImportOptions& options) {
     const std::string code = KindOfPath(out);
-    if (code == "LFQ") return ImportLfq(rows, out, programFolder, options);
+    if (code == "LFQ") {
+        ImportLfq(rows, out, programFolder, options);
+        return {};
+    }
     if (const RecordKind* kind = FindRecordKind(code))
         return ImportKind(rows, out, programFolder, *kind, options);
     throw StoreError(kWrongFileType);
 }
 
-void ImportTable(const std::string& tablePath, const std::string& out,
-                 const std::string& programFolder, const TableImportOptions& options) {
+Outcome ImportTable(const std::string& tablePath, const std::string& out,
+                    const std::string& programFolder, const TableImportOptions& options) {
     std::ifstream in(tablePath, std::ios::binary);
     if (!in) throw StoreError(kPathDoesNotExist);
     std::ostringstream text;
     text << in.rdbuf();
     std::string s = text.str();
     if (s.size() >= 3 && s.compare(0, 3, "\xEF\xBB\xBF") == 0) s.erase(0, 3);  // UTF-8 mark
-    ImportRows(ParseDelimited(s, DelimiterFor(tablePath)), out, programFolder, options);
+    return ImportRows(ParseDelimited(s, DelimiterFor(tablePath)), out, programFolder, options);
 }
 
 }  // namespace norvo

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "base/outcome.h"
+
 namespace norvo {
 
 inline constexpr const char* kMidlengthHeading = "Midlength";
@@ -46,15 +48,18 @@ std::string FormatDelimited(const std::vector<std::vector<std::string>>& rows, c
 
 // The table of a data file (LFQ or one of the nine kinds). Throws StoreError when unreadable.
 std::vector<std::vector<std::string>> TableOfFile(const std::string& path);
-// Writes TableOfFile to `out`; throws StoreError when the file or the output fails.
+// Writes TableOfFile to `out`; throws StoreError when the file cannot be read, and a StoreError
+// of a save when `out` cannot be written.
 void ExportTable(const std::string& path, const std::string& out, char delimiter);
 
 // Makes the data file `out` (its kind by extension) from a table. Throws TableFormatError for a
 // malformed table and StoreError when writing fails; in both cases `out` is left untouched.
-void ImportTable(const std::string& tablePath, const std::string& out,
-                 const std::string& programFolder, const TableImportOptions& options);
+// The rows of a GIN or MSD table pass the editor's checks first: the result carries their
+// notices (by observation number), and a refused result leaves `out` untouched too.
+Outcome ImportTable(const std::string& tablePath, const std::string& out,
+                    const std::string& programFolder, const TableImportOptions& options);
 // The same from rows already split.
-void ImportRows(const std::vector<std::vector<std::string>>& rows, const std::string& out,
-                const std::string& programFolder, const TableImportOptions& options);
+Outcome ImportRows(const std::vector<std::vector<std::string>>& rows, const std::string& out,
+                   const std::string& programFolder, const TableImportOptions& options);
 
 }  // namespace norvo

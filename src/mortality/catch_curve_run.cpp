@@ -1,5 +1,7 @@
 #include "mortality/catch_curve_run.h"
 
+#include <charconv>
+#include <string>
 #include <utility>
 
 #include "base/format.h"
@@ -59,9 +61,11 @@ Extrapolation ExtrapolateWith(const CatchCurveRun& run, double z, double m, doub
 
 namespace {
 
+// Format writes a point whatever the locale, so the text is read back locale-free.
 double AsShown(double v, const char* pattern) {
+    const std::string text = Format(v, pattern);
     double shown = 0;
-    ParseNumber(Format(v, pattern), shown);
+    std::from_chars(text.data(), text.data() + text.size(), shown);
     return shown;
 }
 

@@ -5,7 +5,11 @@
 
 #include "base/checked.h"
 #include "base/fault.h"
+#include "base/settings_store.h"
+#include "data/file_kind.h"
 #include "data/record_kinds.h"
+#include "data/store_routines.h"
+#include "data/write_notices.h"
 
 namespace norvo {
 
@@ -165,8 +169,13 @@ SelectionCurve RunningAverage(SelectionInput& in) {
     return c;
 }
 
-void SaveProbabilities(const std::string& path, const std::string& programFolder,
-                       const PrbHeader& header, const SelectionInput& in) {
+Outcome SaveProbabilities(const std::string& path, const std::string& programFolder,
+                          const PrbHeader& header, const SelectionInput& in) {
+    Outcome out;
+    if (KindOfPath(path) != "PRB") {
+        out.refuse(kWrongFileType, kAppTitle);
+        return out;
+    }
     const RecordKind* kind = FindRecordKind("PRB");
     RecordFile file;
     file.header["Speciesname"] = header.speciesname;
@@ -176,7 +185,12 @@ void SaveProbabilities(const std::string& path, const std::string& programFolder
     for (int i = 1; i <= in.nC; ++i)
         file.rows.push_back(
             {in.midlength(i), static_cast<double>(in.probability.at(static_cast<size_t>(i)))});
-    WriteRecordFile(path, programFolder, *kind, file);
+    try {
+        WriteRecordFile(path, programFolder, *kind, file);
+    } catch (const StoreError&) {
+        out.refuse(CannotWriteText(path), kAppTitle);
+    }
+    return out;
 }
 
 }  // namespace norvo

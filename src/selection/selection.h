@@ -88,7 +88,9 @@ SelectionCurve RunningAverage(SelectionInput& input);
 struct PrbHeader {
     std::string speciesname, otherId, unit;
 };
-void SaveProbabilities(const std::string& path, const std::string& programFolder,
-                       const PrbHeader& header, const SelectionInput& input);
+// Refused, with nothing written, when the path is not a .prb file (the file would be of no kind
+// the program opens) or the file cannot be written.
+Outcome SaveProbabilities(const std::string& path, const std::string& programFolder,
+                          const PrbHeader& header, const SelectionInput& input);
 
 }  // namespace norvo

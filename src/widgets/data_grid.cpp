@@ -18,6 +18,7 @@
 #include <string>
 
 #include "base/format.h"
+#include "numerics/text_convert.h"
 #include "widgets/command_boundary.h"
 
 namespace norvo::gui {
@@ -44,6 +45,16 @@ QString FullNumber(double v) {
     return QString::number(v, 'g', 15);
 }
 
+// What the user sees and edits in a cell: the locale's decimal separator. Texts that leave the
+// grid (clipboard, exports) keep the point.
+QString ShownNumber(double v, int decimals) {
+    return FormatNumber(v, decimals).replace(QChar('.'), QChar(DecimalSeparator()));
+}
+
+QString EditedNumber(double v) {
+    return FullNumber(v).replace(QChar('.'), QChar(DecimalSeparator()));
+}
+
 // Shows numbers with the grid's decimals, edits with a plain line edit, refuses values outside
 // the column's limits, and turns Enter and Up/Down in an editor into grid moves.
 class GridDelegate : public QStyledItemDelegate {
@@ -52,7 +63,7 @@ class GridDelegate : public QStyledItemDelegate {
 
     QString displayText(const QVariant& value, const QLocale& locale) const override {
         if (value.typeId() == QMetaType::Double) {
-            return FormatNumber(value.toDouble(), grid_->displayDecimals());
+            return ShownNumber(value.toDouble(), grid_->displayDecimals());
         }
         return QStyledItemDelegate::displayText(value, locale);
     }
@@ -67,7 +78,7 @@ class GridDelegate : public QStyledItemDelegate {
     void setEditorData(QWidget* editor, const QModelIndex& index) const override {
         auto* edit = static_cast<QLineEdit*>(editor);
         const QVariant v = index.data(Qt::EditRole);
-        edit->setText(v.typeId() == QMetaType::Double ? FullNumber(v.toDouble()) : v.toString());
+        edit->setText(v.typeId() == QMetaType::Double ? EditedNumber(v.toDouble()) : v.toString());
     }
 
     void setModelData(QWidget* editor, QAbstractItemModel* model,

@@ -66,7 +66,7 @@ TEST(DosImport, GridOfTwoSamplesWithDifferentFirstClasses) {
 TEST(DosImport, BrokenFilesFailAndWriteNothing) {
     test::TempDir dir;
     const std::string cases[] = {
-        "Sp\nX\ncm\n2\n1 10 15\n3 10 4 12 95\n5\n7\n2\n",      // second sample missing
+        "Sp\nX\ncm\n2\n1 10 15\n",                             // no sample at all
         "Sp\nX\ncm\n1\n1 10 15\n3 10 4 12 95\n5\nseven\n2\n",  // not a number
         "Sp\nX\ncm\n1\n1 10 15\n3 14 4 12 95\n5\n7\n2\n",      // runs past the largest class
         "Sp\nX\ncm\n1\n1 10 15\n3 10 31 2 95\n5\n7\n2\n",      // 31 February
@@ -78,6 +78,42 @@ TEST(DosImport, BrokenFilesFailAndWriteNothing) {
     EXPECT_THROW(ReadDosFile(dir.file("missing.txt")), DosFormatError);
     EXPECT_TRUE(std::filesystem::is_empty(dir.path()) ||
                 !std::filesystem::exists(dir.file("new.lfq")));
+}
+
+// The sample lines decide how many samples there are; a count on line 4 that differs is told.
+TEST(DosImport, SamplesFoundAreImportedWhateverLineFourSays) {
+    test::TempDir dir;
+    const char* fewer = "Sp\nX\ncm\n3\n1 10 15\n3 10 4 12 95\n5\n7\n2\n";
+    const DosImport d = ReadDosFile(Write(dir, "fewer.txt", fewer));
+    ASSERT_TRUE(d.ok());
+    EXPECT_EQ(d.headings.size(), 1u);
+    EXPECT_EQ(d.grid[0].size(), 1u);
+    ASSERT_EQ(d.notices.size(), 1u);
+    EXPECT_EQ(d.notices[0].text,
+              "The file announces 3 samples on line 4, but 1 were found. The 1 samples found "
+              "were imported.");
+
+    const char* more = "Sp\nX\ncm\n1\n1 10 15\n3 10 4 12 95\n5\n7\n2\n1 11 5 12 95\n9\n";
+    const DosImport m = ReadDosFile(Write(dir, "more.txt", more));
+    EXPECT_EQ(m.headings.size(), 2u);
+    EXPECT_EQ(m.grid[1][1], 9.0);
+    EXPECT_EQ(m.notices.size(), 1u);
+    SaveDosImport(dir.file("more.lfq"), test::BinDir().string(), m);
+    EXPECT_EQ(ReadLFQ(dir.file("more.lfq"))->noOfSamples, 2);
+
+    const DosImport same = ReadDosFile(Write(dir, "old.txt", kTwoSamples));
+    EXPECT_TRUE(same.notices.empty());
+}
+
+TEST(DosImport, NegativeFrequencyIsRefusedWithItsCell) {
+    test::TempDir dir;
+    const char* text = "Sp\nX\ncm\n2\n1 10 15\n3 10 4 12 95\n5\n7\n2\n2 12 11 3 96\n4\n-1.5\n";
+    const DosImport d = ReadDosFile(Write(dir, "neg.txt", text));
+    ASSERT_FALSE(d.ok());
+    EXPECT_EQ(d.refusal()->title, "Invalid Data");
+    EXPECT_EQ(d.refusal()->text,
+              "The frequency in row 4, column 2 is negative. Frequencies cannot be negative. "
+              "Import of data failed.");
 }
 
 }  // namespace

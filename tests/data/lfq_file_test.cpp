@@ -184,6 +184,28 @@ TEST(LfqFile, HeaderReaderCountsClassesFromTheLargestMidlength) {
     EXPECT_EQ(unreadable.error().notice.title, "Invalid Data");
 }
 
+// Midlengths are sums of 32-bit values that are not binary fractions: the count of classes must
+// not come out one short when the largest midlength lands just below its exact value.
+TEST(LfqFile, HeaderReaderCountsClassesForIntervalsThatAreNotBinaryFractions) {
+    TempDir dir;
+    int pair = 0;
+    for (double smallest : {0.3, 0.7, 1.1, 2.3, 10.1, 12.7}) {
+        for (double interval : {0.1, 0.2, 0.3, 0.7, 1.3}) {
+            const int classes = 30 + pair % 3 * 17;
+            LfqHeader header = SomeHeader();
+            header.smallestMl = static_cast<float>(smallest);
+            header.classInterval = static_cast<float>(interval);
+            const std::string path = NewLfq(dir, "s" + std::to_string(pair++) + ".lfq");
+            WriteLfqFile(path, header, {SampleOn(1, 1, 1, 2000)},
+                         std::vector<std::vector<double>>(classes, {1.0}));
+            const ReadResult<LfqHeader> h = ReadLfqHeader(path);
+            ASSERT_TRUE(h.ok());
+            EXPECT_EQ(h->noOfClasses, classes)
+                << "smallest " << smallest << ", interval " << interval;
+        }
+    }
+}
+
 TEST(LfqFile, SheetHasAColumnPerSampleAndTheDatesBySampleNo) {
     TempDir dir;
     const std::string path = NewLfq(dir);

@@ -110,6 +110,47 @@ TEST(TableIo, MalformedTablesNameTheCellAndWriteNothing) {
     ginRefused({{"Day1"}}, 1, 2);
 }
 
+// A table gets the editor's checks: what the editor would refuse is not let in by an import.
+TEST(TableIo, GrowthIncrementsAndMeansPassTheEditorsChecks) {
+    test::TempDir dir;
+    const std::string root = test::BinDir().string();
+    const std::string gin = dir.file("x.gin");
+    const std::vector<std::string> fields = {"Day1", "Month1", "Year1", "Length1",
+                                             "Day2", "Month2", "Year2", "Length2"};
+    const std::vector<std::string> good = {"1", "2", "2000", "10", "1", "8", "2000", "12"};
+    auto refusal = [&](const std::vector<std::string>& second) {
+        const Outcome o = ImportRows({fields, good, second}, gin, root, {});
+        EXPECT_FALSE(std::filesystem::exists(gin));
+        return o.refusal() ? o.refusal()->text : std::string("accepted");
+    };
+    EXPECT_EQ(refusal({"31", "2", "2000", "11", "5", "9", "2000", "13"}),
+              "Invalid date input for date on row 2. Please check before saving.");
+    EXPECT_EQ(refusal({"5", "9", "2000", "11", "5", "9", "2000", "13"}),
+              "The date of recapture cannot be less than or equal to date of tagging. Please "
+              "correct row 2 before saving.");
+    EXPECT_EQ(refusal({"5", "9", "2000", "11", "5", "", "2000", "13"}),
+              "The cell in row 2, column 6 is empty. Please correct the input.");
+
+    // Shrinkage warns and the file is written.
+    const Outcome shrunk =
+        ImportRows({fields, good, {"5", "9", "2000", "14", "6", "9", "2000", "13"}}, gin, root, {});
+    EXPECT_TRUE(shrunk.ok());
+    ASSERT_EQ(shrunk.notices.size(), 1u);
+    EXPECT_EQ(shrunk.notices[0].title, "Warning...");
+    EXPECT_EQ(ReadRecordFile(gin, *FindRecordKind("GIN")).rows.size(), 2u);
+
+    const std::string msd = dir.file("x.msd");
+    const Outcome bad = ImportRows({{"DateDay", "DateMonth", "DateYear", "Length", "SD"},
+                                    {"1", "2", "2001", "15", "1.2"},
+                                    {"29", "2", "2001", "9", "1.1"}},
+                                   msd, root, {});
+    ASSERT_FALSE(bad.ok());
+    EXPECT_EQ(bad.refusal()->text,
+              "The date entry 29/2/2001 for observation number 2 is invalid. Data will not be "
+              "saved. Please correct data before saving.");
+    EXPECT_FALSE(std::filesystem::exists(msd));
+}
+
 TEST(TableIo, SampleKindByFieldNamesInAnyOrder) {
     test::TempDir dir;
     const std::string out = dir.file("v.val");

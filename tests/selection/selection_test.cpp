@@ -3,8 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <filesystem>
+#include <fstream>
 
 #include "data/sample_readers.h"
+#include "data/store_routines.h"
+#include "data/write_notices.h"
 #include "support/test_paths.h"
 
 namespace norvo {
@@ -99,7 +103,8 @@ TEST(SelectionSave, WritesAProbabilitiesFile) {
     test::TempDir dir;
     const auto path = dir.file("out.prb");
     auto in = Input({0.25f, 0.5f, 1}, 1, 3, 2.5, 7.5);
-    SaveProbabilities(path, test::BinDir().string(), {"Sardine", "S-1", "cm"}, in);
+    EXPECT_TRUE(
+        SaveProbabilities(path, test::BinDir().string(), {"Sardine", "S-1", "cm"}, in).ok());
     const auto read = ReadPRB(path);
     ASSERT_TRUE(read.ok());
     const PrbData& prb = read.value();
@@ -107,6 +112,24 @@ TEST(SelectionSave, WritesAProbabilitiesFile) {
     EXPECT_EQ(prb.probability, (std::vector<float>{0.25f, 0.5f, 1}));
     EXPECT_EQ(prb.header.speciesname, "Sardine");
     EXPECT_EQ(prb.header.remarks, kSelPrbRemarks);
+}
+
+// A path of another kind would make a file the program cannot open; an unwritable place (here
+// inside a plain file, which stops root too) is told, and nothing is written either way.
+TEST(SelectionSave, OtherKindsAndUnwritablePlacesAreRefused) {
+    test::TempDir dir;
+    auto in = Input({0.25f, 0.5f, 1}, 1, 3, 2.5, 7.5);
+    const Outcome txt =
+        SaveProbabilities(dir.file("out.txt"), test::BinDir().string(), {"S", "", "cm"}, in);
+    ASSERT_FALSE(txt.ok());
+    EXPECT_EQ(txt.refusal()->text, "Wrong file type defined. Please check and try again.");
+    EXPECT_FALSE(std::filesystem::exists(dir.file("out.txt")));
+
+    std::ofstream(dir.file("plain")) << "x";
+    const std::string inside = dir.file("plain") + "/out.prb";
+    const Outcome blocked = SaveProbabilities(inside, test::BinDir().string(), {"S", "", "cm"}, in);
+    ASSERT_FALSE(blocked.ok());
+    EXPECT_EQ(blocked.refusal()->text, CannotWriteText(inside));
 }
 
 }  // namespace

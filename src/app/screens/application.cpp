@@ -1,5 +1,6 @@
 #include "app/screens/application.h"
 
+#include <QLocale>
 #include <QPointer>
 #include <QStringList>
 #include <memory>
@@ -8,6 +9,7 @@
 #include "app/screens/frm_splash.h"
 #include "base/settings_store.h"
 #include "widgets/command_boundary.h"
+#include "widgets/number_locale.h"
 #include "widgets/qt_dialog_service.h"
 #include "widgets/qt_settings_store.h"
 
@@ -26,7 +28,10 @@ QString ObjectPath(const QObject* object) {
 
 }  // namespace
 
-Application::Application(int& argc, char** argv) : QApplication(argc, argv) {}
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+    // Boxes, grids and conversions all follow the user's locale as Qt sees it.
+    UseNumberLocale(QLocale::system());
+}
 
 bool Application::notify(QObject* receiver, QEvent* event) {
     const QPointer<QObject> target(receiver);  // a handler may have deleted its object

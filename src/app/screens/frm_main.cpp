@@ -26,6 +26,7 @@
 #include "data/file_kind.h"
 #include "data/screens/table_interchange.h"
 #include "data/store_routines.h"
+#include "data/write_notices.h"
 #include "widgets/command_boundary.h"
 #include "widgets/data_editor.h"
 
@@ -513,9 +514,13 @@ void FrmMain::fileNew() {
         !ctx_.dialogs.askYesNo(kSpeciesWarningText, kSpeciesWarningTitle, Icon::Warning))
         return;
     if (!CopyTemplate(*path, programFolder_.toStdString())) {
+        // The template is there: it is the chosen place that cannot be written.
         const std::string templ = TemplatePathOf(*kind, programFolder_.toStdString());
-        ctx_.dialogs.notify(
-            {TemplateMissingText(templ, *path), kFileNotFoundTitle, Buttons::Ok, Icon::Warning});
+        if (FileExists(templ))
+            ctx_.dialogs.notify({CannotWriteText(*path), kAppTitle, Buttons::Ok, Icon::Warning});
+        else
+            ctx_.dialogs.notify({TemplateMissingText(templ, *path), kFileNotFoundTitle, Buttons::Ok,
+                                 Icon::Warning});
         return;
     }
     openEditor(code, *path, false);

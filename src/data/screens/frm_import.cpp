@@ -91,8 +91,13 @@ bool FrmImport::Import() {
             {kImportIncompleteText, kImportIncompleteTitle, Buttons::Ok, Icon::Information});
         return false;
     }
+    Outcome notes;  // a sample count that differs from the file's own, told after the import
     try {
         const DosImport data = ReadDosFile(source);
+        if (!data.ok()) {
+            ShowNotices(data, ctx_.dialogs);
+            return false;
+        }
         const int rows = static_cast<int>(data.grid.size());
         const int cols = static_cast<int>(data.headings.size());
         grid_->clearContents();
@@ -105,11 +110,13 @@ bool FrmImport::Import() {
         for (int c = 0; c < cols; ++c)
             grid_->setColHeading(c, QString::fromStdString(data.headings[c]));
         SaveDosImport(destination, ctx_.programFolder.toStdString(), data);
+        notes.absorb(data);
     } catch (const std::exception&) {
         ctx_.dialogs.notify({kImportFailedText, kInvalidDataTitle, Buttons::Ok, Icon::Warning});
         return false;
     }
     ctx_.dialogs.notify({kImportDoneText, kImportDoneTitle, Buttons::Ok, Icon::Information});
+    ShowNotices(notes, ctx_.dialogs);
     cmdCancel_->setText(kImportCloseCaption);
     return true;
 }

@@ -374,8 +374,12 @@ void FrmLfq::SaveFile() {
             wait.emplace();
         }
     }
+    // A heading that is no date (blank, or 0/0/0 read from a damaged file) has no place in
+    // time: the sample counts as one without a sampling date.
     for (int c = 1; c <= grdData_->maxCols(); ++c) {
-        if (grdData_->colHeading(c - 1).trimmed().isEmpty()) {
+        int day = 0, month = 0, year = 0;
+        if (!ParseSampleDate(grdData_->colHeading(c - 1).trimmed().toStdString(), day, month,
+                             year)) {
             wait.reset();
             ctx_.dialogs.notify({MissingHeaderText(c).toStdString(), kMissingHeaderTitle,
                                  Buttons::Ok, Icon::Information});

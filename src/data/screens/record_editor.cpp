@@ -22,7 +22,9 @@
 #include "base/format.h"
 #include "data/file_kind.h"
 #include "data/lfq_file.h"
+#include "data/record_checks.h"
 #include "data/store_routines.h"
+#include "numerics/text_convert.h"
 #include "widgets/command_boundary.h"
 #include "widgets/data_grid.h"
 #include "widgets/wait_cursor.h"
@@ -33,10 +35,6 @@ namespace {
 
 constexpr int kStartRows = 10;
 constexpr int kColumnChars = 10;
-const char* const kMonthNames[] = {"January",   "February", "March",    "April",
-                                   "May",       "June",     "July",     "August",
-                                   "September", "October",  "November", "December"};
-
 QString Decimals(double v, int decimals) {
     const std::string pattern = decimals > 0 ? "0." + std::string(decimals, '0') : "0";
     return QString::fromStdString(Format(v, pattern));
@@ -67,7 +65,8 @@ class ColumnDecimalsDelegate : public QStyledItemDelegate {
         const QVariant v = index.data(Qt::EditRole);
         const int c = index.column();
         if (v.typeId() == QMetaType::Double && c >= 0 && c < static_cast<int>(decimals_.size()))
-            option->text = Decimals(v.toDouble(), decimals_[c]);
+            option->text =
+                Decimals(v.toDouble(), decimals_[c]).replace(QChar('.'), QChar(DecimalSeparator()));
     }
     bool eventFilter(QObject* object, QEvent* event) override {
         return static_cast<QObject*>(base_)->eventFilter(object, event);
@@ -78,66 +77,7 @@ class ColumnDecimalsDelegate : public QStyledItemDelegate {
     std::vector<int> decimals_;
 };
 
-// "d/m/yyyy" of three cells, for messages.
-QString DateOfCells(const DataGrid& g, int row, int first) {
-    QStringList parts;
-    for (int c = first; c < first + 3; ++c) parts << g.cellText(row, c);
-    return parts.join('/');
-}
-
-// The three cells as a date with the month spelt out, so no locale can swap day and month.
-bool ValidDateCells(const DataGrid& g, int row, int first) {
-    const auto d = g.value(row, first), m = g.value(row, first + 1), y = g.value(row, first + 2);
-    if (!d || !m || !y) return false;
-    const int month = static_cast<int>(std::lround(*m));
-    if (month < 1 || month > 12) return false;
-    const QDate date = QDate::fromString(
-        QString("%1 %2 %3").arg(std::lround(*d)).arg(kMonthNames[month - 1]).arg(std::lround(*y)),
-        "d MMMM yyyy");
-    return date.isValid() &&
-           IsValidDateParts(std::to_string(std::lround(*d)), std::to_string(month),
-                            std::to_string(std::lround(*y)));
-}
-
-QDate DateFromCells(const DataGrid& g, int row, int first) {
-    return QDate(static_cast<int>(std::lround(*g.value(row, first + 2))),
-                 static_cast<int>(std::lround(*g.value(row, first + 1))),
-                 static_cast<int>(std::lround(*g.value(row, first))));
-}
-
 }  // namespace
-
-QString EmptyCellText(int row, int column) {
-    return QString("The cell in row %1, column %2 is empty. Please correct the input.")
-        .arg(row)
-        .arg(column);
-}
-
-QString InvalidGinDateText(int row) {
-    return QString("Invalid date input for date on row %1. Please check before saving.").arg(row);
-}
-
-QString RecaptureBeforeTaggingText(int row) {
-    return QString(
-               "The date of recapture cannot be less than or equal to date of tagging. Please "
-               "correct row %1 before saving.")
-        .arg(row);
-}
-
-QString ShrinkageText(int row) {
-    return QString(
-               "WARNING! Growth is either stunted or virtual shinkage occurred for observation "
-               "no. %1")
-        .arg(row);
-}
-
-QString InvalidMsdDateText(const QString& date, int row) {
-    return QString(
-               "The date entry %1 for observation number %2 is invalid. Data will not be saved. "
-               "Please correct data before saving.")
-        .arg(date)
-        .arg(row);
-}
 
 RecordEditor::RecordEditor(ShellContext& ctx, const RecordKind& kind, QWidget* parent)
     : QWidget(parent), ctx_(ctx), kind_(kind) {
@@ -357,52 +297,11 @@ int LastGridDataRow(const DataGrid& g) {
 }  // namespace
 
 bool RecordEditor::ValidData() {
-    const int rows = LastGridDataRow(*grid_);
-    const int cols = grid_->maxCols();
-    for (int r = 0; r < rows; ++r) {
-        for (int c = 0; c < cols; ++c) {
-            if (grid_->isBlank(r, c)) {
-                ctx_.dialogs.notify({EmptyCellText(r + 1, c + 1).toStdString(), kAppTitle,
-                                     Buttons::Ok, Icon::Warning});
-                return false;
-            }
-        }
-    }
-    for (int first : {0, 4}) {
-        for (int r = 0; r < rows; ++r) {
-            if (!ValidDateCells(*grid_, r, first)) {
-                ctx_.dialogs.notify({InvalidGinDateText(r + 1).toStdString(), kInvalidDataTitle,
-                                     Buttons::Ok, Icon::Warning});
-                return false;
-            }
-        }
-    }
-    for (int r = 0; r < rows; ++r) {
-        if (DateFromCells(*grid_, r, 0) >= DateFromCells(*grid_, r, 4)) {
-            ctx_.dialogs.notify({RecaptureBeforeTaggingText(r + 1).toStdString(), kInvalidDataTitle,
-                                 Buttons::Ok, Icon::Warning});
-            return false;
-        }
-    }
-    for (int r = 0; r < rows; ++r) {
-        if (*grid_->value(r, 3) >= *grid_->value(r, 7)) {
-            ctx_.dialogs.notify({ShrinkageText(r + 1).toStdString(), kGinWarningTitle, Buttons::Ok,
-                                 Icon::Information});
-        }
-    }
-    return true;
+    return ShowNotices(CheckRecordRows(kind_, fileFromForm().rows), ctx_.dialogs);
 }
 
 bool RecordEditor::CheckDates() {
-    const int rows = LastGridDataRow(*grid_);
-    for (int r = 0; r < rows; ++r) {
-        if (!ValidDateCells(*grid_, r, 0)) {
-            ctx_.dialogs.notify({InvalidMsdDateText(DateOfCells(*grid_, r, 0), r + 1).toStdString(),
-                                 kInvalidDataTitle, Buttons::Ok, Icon::Warning});
-            return false;
-        }
-    }
-    return true;
+    return ShowNotices(CheckRecordRows(kind_, fileFromForm().rows), ctx_.dialogs);
 }
 
 RecordFile RecordEditor::fileFromForm() const {

@@ -26,23 +26,11 @@ inline constexpr const char* kRecordUnsavedText = "Do you want to save changes y
 inline constexpr const char* kHeadersPage = "Headers";
 inline constexpr const char* kDataPage = "Data";
 inline constexpr const char* kOutputFirstLine = "Norvo 2: Olmar-Tavesh Stock Assessment Tools";
-inline constexpr const char* kGinWarningTitle = "Warning...";
 inline constexpr const char* kMissingModuleTitle = "Missing Module...";
 inline constexpr const char* kMissingModuleText =
     "The module that converts variable class groupings into grouped length frequencies is "
     "missing from this installation. Please ask the Norvo II maintainers "
     "(norvo-support@olmar-tavesh.org) for it.";
-
-// "The cell in row <r>, column <c> is empty. Please correct the input."
-QString EmptyCellText(int row, int column);
-// "Invalid date input for date on row <r>. Please check before saving."
-QString InvalidGinDateText(int row);
-// "The date of recapture cannot be less than or equal to date of tagging. ..."
-QString RecaptureBeforeTaggingText(int row);
-// "WARNING! Growth is either stunted or virtual shinkage occurred for observation no. <r>"
-QString ShrinkageText(int row);
-// "The date entry <date> for observation number <r> is invalid. ..."
-QString InvalidMsdDateText(const QString& date, int row);
 
 class RecordEditor : public QWidget, public DataEditor {
     Q_OBJECT

@@ -8,6 +8,7 @@
 #include "data/record_kinds.h"
 #include "data/store_routines.h"
 #include "data/table_io.h"
+#include "data/write_notices.h"
 #include "widgets/command_boundary.h"
 
 namespace norvo::gui {
@@ -50,7 +51,9 @@ bool ImportTableCommand(ShellContext& ctx) {
         options.speciesname = *species;
     }
     try {
-        ImportTable(*table, *target, ctx.programFolder.toStdString(), options);
+        if (!ShowNotices(ImportTable(*table, *target, ctx.programFolder.toStdString(), options),
+                         ctx.dialogs))
+            return false;
     } catch (const TableFormatError& e) {
         ctx.dialogs.notify({e.what(), kInvalidDataTitle, Buttons::Ok, Icon::Warning});
         return false;
@@ -78,8 +81,10 @@ bool ExportTableCommand(ShellContext& ctx, const QString& path) {
     if (!out || out->empty()) return false;
     try {
         ExportTable(source, *out, DelimiterFor(*out));
-    } catch (const std::exception&) {
-        ctx.dialogs.notify({kFileSaveError, kAppTitle, Buttons::Ok, Icon::Warning});
+    } catch (const StoreError& e) {
+        const bool write = e.access() == StoreAccess::Save;
+        ctx.dialogs.notify({write ? CannotWriteText(*out) : kCorruptedOrWrongFormat,
+                            write ? kAppTitle : kInvalidDataTitle, Buttons::Ok, Icon::Warning});
         return false;
     }
     ctx.dialogs.notify(

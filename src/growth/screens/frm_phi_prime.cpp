@@ -8,6 +8,7 @@
 
 #include "base/format.h"
 #include "widgets/calc_form.h"
+#include "widgets/number_box.h"
 
 namespace norvo::gui {
 
@@ -36,7 +37,7 @@ FrmPhiPrime::FrmPhiPrime(ShellContext& ctx, QWidget* parent) : QWidget(parent), 
 void FrmPhiPrime::ComputeParameters() {
     const auto r = norvo::ComputeParameters({BoxValue(txtLoo), BoxValue(txtWoo), BoxValue(txtK)});
     const auto shown = [](const std::optional<double>& v) {
-        return v ? QString::fromStdString(Format(*v, kPhiFormat)) : QString();
+        return v ? NumberText(*v, kPhiFormat) : QString();
     };
     txtPhiPrime->setText(shown(r.phiPrime));
     txtPhi->setText(shown(r.phi));

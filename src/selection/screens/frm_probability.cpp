@@ -147,9 +147,11 @@ void FrmProbability::saveProbabilities() {
     o.overwritePrompt = true;
     const auto path = ctx_.dialogs.saveFile(o);
     if (!path) return;
-    SaveProbabilities(*path, ctx_.programFolder.toStdString(),
-                      {st_->header.speciesname, st_->header.otherId, st_->header.unitOfMeasurement},
-                      st_->input);
+    ShowNotices(SaveProbabilities(
+                    *path, ctx_.programFolder.toStdString(),
+                    {st_->header.speciesname, st_->header.otherId, st_->header.unitOfMeasurement},
+                    st_->input),
+                ctx_.dialogs);
 }
 
 void FrmProbability::print() {

@@ -8,6 +8,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QLocale>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPointer>
@@ -30,6 +31,7 @@
 #include "support/test_paths.h"
 #include "widgets/command_boundary.h"
 #include "widgets/data_editor.h"
+#include "widgets/number_locale.h"
 
 namespace norvo::gui {
 namespace {
@@ -579,6 +581,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("Norvo II tests");
     QApplication::setQuitOnLastWindowClosed(false);
     norvo::gui::previousHandler = qInstallMessageHandler(norvo::gui::CaptureEscapes);
+    if (const QByteArray locale = qgetenv("NORVO_TEST_LOCALE"); !locale.isEmpty())
+        norvo::gui::UseNumberLocale(QLocale(QString::fromLatin1(locale)));
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -14,6 +14,8 @@
 #include <fstream>
 
 #include "base/fault.h"
+#include "data/store_routines.h"
+#include "data/write_notices.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/data_editor.h"
@@ -411,6 +413,18 @@ TEST_F(MainWindowTest, NewCopiesTheTemplate) {
     dialogs.saveAnswers = {std::nullopt};
     main->runCommand("mnuFileNew");
     EXPECT_EQ(main->mdiArea()->subWindowList().size(), 2);
+}
+
+// A place that cannot be written (here inside a plain file, which stops root too) is told as
+// such, not as a missing template to re-install.
+TEST_F(MainWindowTest, NewInAnUnwritablePlaceSaysSo) {
+    std::ofstream(dir.file("plain")) << "x";
+    const std::string path = dir.file("plain") + "/new.lfq";
+    dialogs.saveAnswers = {path};
+    main->runCommand("mnuFileNew");
+    ASSERT_EQ(dialogs.shown.size(), 1u);
+    EXPECT_EQ(dialogs.last().text, CannotWriteText(path));
+    EXPECT_EQ(main->mdiArea()->subWindowList().size(), 0);
 }
 
 TEST_F(MainWindowTest, HelpOpensThePageOfTheScreenInFront) {

@@ -17,11 +17,14 @@
 #include <filesystem>
 #include <fstream>
 
+#include "data/data_store.h"
 #include "data/lfq_file.h"
 #include "data/screens/frm_lfq_sub.h"
 #include "data/screens/frm_tip1.h"
 #include "numerics/text_convert.h"
+#include "support/decimal_separator.h"
 #include "support/lfq_fixtures.h"
+#include "support/locale_text.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/data_grid.h"
@@ -70,7 +73,7 @@ class LfqEditorTest : public ::testing::Test {
             sub.monthBox()->setCurrentText(f.month);
             sub.yearBox()->setText(f.year);
             sub.findChild<QLineEdit*>("txtArea")->setText(f.area);
-            sub.findChild<QLineEdit*>("txtDepth")->setText("12.5");
+            sub.findChild<QLineEdit*>("txtDepth")->setText(test::Local("12.5"));
             sub.findChild<QComboBox*>("cmbBottom")->setCurrentText("Silt");
             sub.findChild<QPushButton*>("cmdLFQ_0")->click();
         };
@@ -123,7 +126,7 @@ TEST_F(LfqEditorTest, NewFileToSavedChronologicalFileAndBack) {
 
     ed->txtLFQ(0)->setText("Sardinella longiceps");
     ed->cmbLFQ(1)->setCurrentText("Standard length (SL)");
-    typeAndLeave(ed->txtLFQ(2), "5.5");
+    typeAndLeave(ed->txtLFQ(2), test::Local("5.5"));
     EXPECT_EQ(grid->rowHeading(0), "");  // midlengths wait for both values
     typeAndLeave(ed->txtLFQ(3), "1");
     EXPECT_EQ(grid->rowHeading(0), "5.50");
@@ -220,8 +223,8 @@ TEST_F(LfqEditorTest, HeaderChecksRefuseWhatCannotBeSaved) {
     for (const auto& [text, ok] : std::vector<std::pair<QString, bool>>{
              {"0.24", false}, {"999.01", false}, {"0.25", true}, {"999", true}}) {
         dialogs.shown.clear();
-        typeAndLeave(ed->txtLFQ(3), text);
-        EXPECT_EQ(ed->txtLFQ(3)->text(), ok ? text : QString()) << text.toStdString();
+        typeAndLeave(ed->txtLFQ(3), test::Local(text));
+        EXPECT_EQ(ed->txtLFQ(3)->text(), ok ? test::Local(text) : QString()) << text.toStdString();
         if (ok) {
             EXPECT_TRUE(dialogs.shown.empty());
         } else {
@@ -273,10 +276,7 @@ TEST_F(LfqEditorTest, SubheaderRefusesAnInvalidDateAndWritesNothing) {
 // With a comma separator the stored numbers come back into the boxes as the user types them,
 // so that reopening and saving keeps them.
 TEST_F(LfqEditorTest, StoredNumbersSurviveACommaSeparator) {
-    struct Comma {
-        Comma() { SetDecimalSeparator(','); }
-        ~Comma() { ResetDecimalSeparator(); }
-    } comma;
+    const test::ScopedDecimalSeparator comma(',');
     const std::string path = savedFile(1, 3);
     LfqSample s = test::SampleOn(1, 1, 1, 2001);
     s.depth = 12.5f;
@@ -312,6 +312,36 @@ TEST_F(LfqEditorTest, SampleWithoutDateStopsTheSave) {
     EXPECT_EQ(test::DumpTable(path, kTableGlfMeasures), measuresBefore);
     EXPECT_EQ(test::DumpTable(path, kTableGroupedLf).front().substr(0, 11), "Nemipterus|");
     EXPECT_FALSE(FrmLfq::savedFlag());
+
+    // A damaged file's sample dated 0/0/0 has no sampling date either.
+    WriteSampleHeader(path, test::SampleOn(2, 1, 2, 2001));
+    DataStore::open(path).execute(
+        "UPDATE [Sample_LF] SET [Sampling_Day]=0, [Sampling_Month]=0, [Sampling_Year]=0 WHERE "
+        "[SampleNo]=2");
+    auto again = editorOn(path);
+    again->OpenFile();
+    EXPECT_EQ(again->grid()->colHeading(1), "0/0/0");
+    again->SaveFile();
+    ASSERT_EQ(dialogs.shown.size(), 2u);
+    EXPECT_EQ(dialogs.last().title, "Missing Sample Header");
+    EXPECT_EQ(test::DumpTable(path, kTableGlfMeasures), measuresBefore);
+}
+
+// OK in the sample sub-header of a file that has been moved away tells that nothing was saved;
+// the dialogue stays with what the user typed.
+TEST_F(LfqEditorTest, SubheaderOkOnAMovedFileTellsAndStays) {
+    const std::string path = newFile();
+    FrmLfqSub sub(path, 1, dialogs, session.numericKeys);
+    std::filesystem::rename(path, dir.file("moved.lfq"));
+    sub.dayBox()->setCurrentText("30");
+    sub.monthBox()->setCurrentText("4");
+    sub.yearBox()->setText("2001");
+    sub.findChild<QPushButton*>("cmdLFQ_0")->click();
+    ASSERT_EQ(dialogs.shown.size(), 1u);
+    EXPECT_EQ(dialogs.last().text, "File Save Error. File not saved!");
+    EXPECT_NE(sub.result(), QDialog::Accepted);
+    EXPECT_EQ(sub.yearBox()->text(), "2001");
+    EXPECT_FALSE(std::filesystem::exists(path));
 }
 
 TEST_F(LfqEditorTest, CorruptedFileIsReportedOnOpen) {

@@ -12,6 +12,7 @@
 #include <fstream>
 
 #include "data/file_kind.h"
+#include "data/record_checks.h"
 #include "data/sample_readers.h"
 #include "data/store_routines.h"
 #include "support/scripted_dialogs.h"
@@ -141,7 +142,7 @@ TEST_F(RecordEditorTest, GrowthIncrementChecksInOrder) {
     typeGinRow(*e, 0, {"1", "2", "2000", "10", "1", "8", "2000", "12"});
     typeGinRow(*e, 1, {"5", "5", "", "11", "5", "9", "2000", "13"});
     e->SaveFile();
-    EXPECT_EQ(dialogs.last().text, EmptyCellText(2, 3).toStdString());
+    EXPECT_EQ(dialogs.last().text, EmptyCellText(2, 3));
     EXPECT_EQ(dialogs.last().text,
               "The cell in row 2, column 3 is empty. Please correct the input.");
     EXPECT_FALSE(e->saved());

@@ -19,6 +19,7 @@
 #include "growth/elefan_lfq.h"
 #include "growth/elefan_search_plot.h"
 #include "support/lfq_fixtures.h"
+#include "support/locale_text.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
@@ -55,12 +56,12 @@ TEST_F(FrmElefan1Test, LoadsTheLastActiveFileWithItsDefaults) {
     EXPECT_EQ(f->tabs()->tabText(3), "&Automatic Search");
     EXPECT_EQ(Text(f->txtELEFAN1(0)), "Simull01.LFQ");
     // Fields without a pattern show the 32-bit value: Loo 39.375, not 39.38.
-    EXPECT_EQ(Text(f->txtELEFAN1(4)), "37.5");
-    EXPECT_EQ(Text(f->txtLoo(2)), "39.375");
-    EXPECT_EQ(Text(f->txtLoo(3)), "39.375");
-    EXPECT_EQ(Text(f->txtLoo(0)), "18.00");
+    EXPECT_EQ(Text(f->txtELEFAN1(4)), test::LocalStd("37.5"));
+    EXPECT_EQ(Text(f->txtLoo(2)), test::LocalStd("39.375"));
+    EXPECT_EQ(Text(f->txtLoo(3)), test::LocalStd("39.375"));
+    EXPECT_EQ(Text(f->txtLoo(0)), test::LocalStd("18.00"));
     EXPECT_EQ(Text(f->txtK(1)), "10");
-    EXPECT_EQ(Text(f->txtLoo(4)), "0.10");
+    EXPECT_EQ(Text(f->txtLoo(4)), test::LocalStd("0.10"));
     EXPECT_EQ(f->txtSS()->count(), session.lfqData.noOfSamples);
     EXPECT_GT(f->txtSL()->count(), 2);
     EXPECT_FALSE(f->button(4)->isEnabled());
@@ -78,7 +79,7 @@ TEST_F(FrmElefan1Test, KScanResultsTrendLinePlotAndClearing) {
     f->cmdELEFAN1(0);
     ASSERT_TRUE(f->kscanResult());
     for (int i = 6; i <= 12; ++i) EXPECT_FALSE(f->txtELEFAN1(i)->text().isEmpty()) << i;
-    EXPECT_EQ(Text(f->txtELEFAN1(6)), "39.38");  // the result field's own pattern
+    EXPECT_EQ(Text(f->txtELEFAN1(6)), test::LocalStd("39.38"));  // the result field's own pattern
     EXPECT_GT(CountOps(f->kscanCanvas(), DrawOp::Polyline, kRed), 0);
 
     f->chkELEFAN1()->setChecked(true);
@@ -92,8 +93,8 @@ TEST_F(FrmElefan1Test, KScanResultsTrendLinePlotAndClearing) {
     f->cmdELEFAN1(4);
     for (int i = 0; i < 6; ++i)
         EXPECT_EQ(
-            settings.runTime(
-                std::array{"LastLoo", "LastK", "LastC", "LastWP", "LastSS", "LastSL"}[i], "?"),
+            test::LocalStd(settings.runTime(
+                std::array{"LastLoo", "LastK", "LastC", "LastWP", "LastSS", "LastSL"}[i], "?")),
             Text(f->txtELEFAN1(6 + i)));
     EXPECT_EQ(status.toStdString(), kPlotStoredStatus);
 
@@ -118,7 +119,7 @@ TEST_F(FrmElefan1Test, CancelledKScanChangesNothing) {
     f->onStep = [&] {
         if (++steps == 20) f->requestCancel();
     };
-    f->txtC(2)->setText("0.5");
+    f->txtC(2)->setText(test::Local("0.5"));
     f->cmdELEFAN1(0);
     EXPECT_FALSE(f->running());
     EXPECT_EQ(status.toStdString(), kRunCancelledStatus);
@@ -137,15 +138,15 @@ TEST_F(FrmElefan1Test, SurfaceGridBandsWarningAndClearing) {
     EXPECT_EQ(f->grdELEFAN1()->item(1, 1), nullptr);
 
     f->txtSS2()->setCurrentText("1");
-    f->txtSL2()->setCurrentText("5.00");
-    f->txtK(0)->setText("0.2");
+    f->txtSL2()->setCurrentText(test::Local("5.00"));
+    f->txtK(0)->setText(test::Local("0.2"));
     f->txtK(1)->setText("2");
     f->cmdELEFAN1(0);
     auto* g = f->grdELEFAN1();
     ASSERT_NE(g->item(21, 21), nullptr);
     EXPECT_EQ(g->item(0, 0)->text(), "K\\Loo");
-    EXPECT_EQ(g->item(1, 0)->text(), "0.20");
-    EXPECT_EQ(g->item(21, 0)->text(), "2.00");
+    EXPECT_EQ(g->item(1, 0)->text(), test::Local("0.20"));
+    EXPECT_EQ(g->item(21, 0)->text(), test::Local("2.00"));
     EXPECT_EQ(g->item(0, 1)->text().toStdString(), Text(f->txtLoo(0)));
     bool sawRed = false;
     for (int i = 1; i <= 21; ++i)
@@ -202,7 +203,7 @@ TEST_F(FrmElefan1Test, AFileWithoutFishIsRefusedOnLoading) {
 TEST_F(FrmElefan1Test, AutomaticSearchTableAndRefusal) {
     auto f = Open();
     f->tabs()->setCurrentIndex(3);
-    f->txtK(2)->setText("0.01");
+    f->txtK(2)->setText(test::Local("0.01"));
     f->cmdELEFAN1(0);
     EXPECT_EQ(dialogs.last().text, "Please check your input for K (0.01 to 10.0).");
     EXPECT_EQ(f->spdSearch()->rowCount(), 0);
@@ -210,7 +211,7 @@ TEST_F(FrmElefan1Test, AutomaticSearchTableAndRefusal) {
     f->txtK(2)->setText("1");
     f->optSearch(1)->setChecked(true);
     f->sSample()->setCurrentText("1");
-    f->sLength()->setCurrentText("5.00");
+    f->sLength()->setCurrentText(test::Local("5.00"));
     f->txtLoo(4)->setText("1");
     f->cmdELEFAN1(0);
     auto* t = f->spdSearch();
@@ -223,7 +224,8 @@ TEST_F(FrmElefan1Test, AutomaticSearchTableAndRefusal) {
     EXPECT_EQ(dialogs.last().text, "Search completed.");
     EXPECT_EQ(dialogs.last().title, "NOTE!");
     f->cmdELEFAN1(4);
-    EXPECT_EQ(settings.runTime("LastLoo", ""), t->item(last, 0)->text().toStdString());
+    EXPECT_EQ(test::LocalStd(settings.runTime("LastLoo", "")),
+              t->item(last, 0)->text().toStdString());
 }
 
 // With NORVO_ELEFAN_SCREENSHOT=/tmp/elefan, each tab after a run goes to /tmp/elefan_<tab>.png,
@@ -241,12 +243,12 @@ TEST_F(FrmElefan1Test, ScreenshotsOfEveryTabOnRequest) {
     f->chkELEFAN1()->setChecked(true);
     f->tabs()->setCurrentIndex(2);
     f->txtSS2()->setCurrentText("1");
-    f->txtSL2()->setCurrentText("5.00");
+    f->txtSL2()->setCurrentText(test::Local("5.00"));
     f->cmdELEFAN1(0);
     f->tabs()->setCurrentIndex(3);
     f->optSearch(1)->setChecked(true);
     f->sSample()->setCurrentText("1");
-    f->sLength()->setCurrentText("5.00");
+    f->sLength()->setCurrentText(test::Local("5.00"));
     f->txtLoo(4)->setText("1");
     f->cmdELEFAN1(0);
     for (int tab = 0; tab < 4; ++tab) {

@@ -12,6 +12,7 @@
 #include <memory>
 
 #include "growth/screens/frm_elefan1.h"
+#include "support/locale_text.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/plot_view.h"
@@ -65,7 +66,9 @@ TEST_F(FrmVbgfPlotTest, ElefanPlotCommandOpensTheScreenWithTheBestKScanParameter
     // The settings are read, never written.
     plot->box(0)->setText("55");
     plot->PlotVBGF();
-    EXPECT_EQ(settings.runTime("LastLoo", "?"), elefan.txtELEFAN1(6)->text().toStdString());
+    // The key stays locale-free; the box shows the locale's separator.
+    EXPECT_EQ(test::LocalStd(settings.runTime("LastLoo", "?")),
+              elefan.txtELEFAN1(6)->text().toStdString());
 
     if (const char* shot = std::getenv("NORVO_VBGF_SCREENSHOT")) {
         const QStringList size = qEnvironmentVariable("NORVO_SHOT_SIZE", "900x700").split('x');

@@ -18,6 +18,7 @@
 #include "mortality/screens/frm_munro2.h"
 #include "mortality/screens/frm_pauly_m.h"
 #include "mortality/screens/frm_rik_efa.h"
+#include "support/locale_text.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/shell_context.h"
@@ -43,11 +44,11 @@ TEST_F(CalcScreens, BevertonHoltShowsZAndRefusesWithTheNotice) {
     FrmBhMort f(ctx);
     EXPECT_EQ(f.windowTitle(), "Beverton & Holt...");
     Type(f.boxes.txtLoo, "50");
-    Type(f.boxes.txtK, "0.5");
+    Type(f.boxes.txtK, test::Local("0.5"));
     Type(f.boxes.txtLmean, "30");
     Type(f.boxes.txtLc, "20");
     QTest::mouseClick(f.cmdComputeButton, Qt::LeftButton);
-    EXPECT_EQ(f.txtZ->text(), "1.000");
+    EXPECT_EQ(f.txtZ->text(), test::Local("1.000"));
     EXPECT_TRUE(dialogs.shown.empty());
 
     Type(f.boxes.txtLc, "31");
@@ -57,28 +58,29 @@ TEST_F(CalcScreens, BevertonHoltShowsZAndRefusesWithTheNotice) {
     EXPECT_EQ(dialogs.last().text,
               "Entry for L' exceeds limits (0.25 to 9999) or greater than Lmean. Please check "
               "entry.");
-    EXPECT_EQ(f.txtZ->text(), "1.000");  // nothing computed
+    EXPECT_EQ(f.txtZ->text(), test::Local("1.000"));  // nothing computed
 }
 
 TEST_F(CalcScreens, ScreenAndCommandLineGiveTheSameFigures) {
     FrmAultErh f(ctx);
     Type(f.boxes.txtLoo, "50");
-    Type(f.boxes.txtK, "0.5");
+    Type(f.boxes.txtK, test::Local("0.5"));
     Type(f.boxes.txtLmean, "30");
     Type(f.boxes.txtLc, "20");
     Type(f.txtLmax, "45");
     f.cmdCompute();
     const auto r = test::RunCli("mortality ault --loo 50 --k 0.5 --lmean 30 --lc 20 --lmax 45");
     ASSERT_EQ(r.exitCode, 0) << r.err;
-    EXPECT_EQ(r.out, "Computed total mortality (Z): " + f.txtZ->text().toStdString() +
-                         " /year\nExact root of R = T (bisection): " +
-                         f.txtRoot->text().toStdString() + " /year\n");
-    EXPECT_EQ(f.txtZ->text(), "0.895");
+    EXPECT_EQ(test::LocalStd(r.out),
+              "Computed total mortality (Z): " + f.txtZ->text().toStdString() +
+                  " /year\nExact root of R = T (bisection): " + f.txtRoot->text().toStdString() +
+                  " /year\n");
+    EXPECT_EQ(f.txtZ->text(), test::Local("0.895"));
 
     FrmRikEfa rik(ctx);
     Type(rik.txtTm, "22");
     rik.cmdCompute();
-    EXPECT_EQ(rik.txtM->text(), "0.004");
+    EXPECT_EQ(rik.txtM->text(), test::Local("0.004"));
     EXPECT_EQ(test::RunCli("mortality rikhter --tm 22").out, "M = 0.004 /year\n");
 }
 
@@ -94,14 +96,14 @@ TEST_F(CalcScreens, HoenigModelsSelectionAndClearing) {
     f.chkHoenig[0]->setChecked(true);
     f.chkHoenig[1]->setChecked(true);
     QTest::mouseClick(f.cmdComputeButton, Qt::LeftButton);
-    EXPECT_EQ(f.txtZ1->text(), "0.221");
-    EXPECT_EQ(f.txtZ2->text(), "0.245");
-    EXPECT_EQ(f.txtSe2->text(), "0.879");
+    EXPECT_EQ(f.txtZ1->text(), test::Local("0.221"));
+    EXPECT_EQ(f.txtZ2->text(), test::Local("0.245"));
+    EXPECT_EQ(f.txtSe2->text(), test::Local("0.879"));
 
     f.chkHoenig[1]->setChecked(false);
     EXPECT_TRUE(f.txtZ2->text().isEmpty());
     EXPECT_TRUE(f.txtSe2->text().isEmpty());
-    EXPECT_EQ(f.txtZ1->text(), "0.221");
+    EXPECT_EQ(f.txtZ1->text(), test::Local("0.221"));
 
     // tc not below tmax: the box names the rule when left, Compute refuses with its own text.
     const size_t before = dialogs.shown.size();
@@ -123,10 +125,10 @@ TEST_F(CalcScreens, PaulyFormsChangeTheirTextsAndCompute) {
     EXPECT_EQ(f.lblFormula->text(),
               "log(M) = -0.0066 - 0.279 log(Loo) + 0.6543 log(K) + 0.4634 log(T)");
     Type(f.txtSize, "50");
-    Type(f.txtK, "0.5");
+    Type(f.txtK, test::Local("0.5"));
     Type(f.txtT, "25");
     f.cmdCompute();
-    EXPECT_EQ(f.txtM->text(), "0.933");
+    EXPECT_EQ(f.txtM->text(), test::Local("0.933"));
 
     f.optPaulyM[1]->setChecked(true);
     EXPECT_EQ(f.lblSize->text(), "Asymptotic weight, Woo (g):");
@@ -136,9 +138,9 @@ TEST_F(CalcScreens, PaulyFormsChangeTheirTextsAndCompute) {
     EXPECT_TRUE(f.txtM->text().isEmpty());
     Type(f.txtSize, "1000");
     f.cmdCompute();
-    EXPECT_EQ(f.txtM->text(), "0.986");
+    EXPECT_EQ(f.txtM->text(), test::Local("0.986"));
 
-    Type(f.txtK, "10.01");
+    Type(f.txtK, test::Local("10.01"));
     f.cmdCompute();
     EXPECT_EQ(dialogs.last().text, "The K input exceeds limit (10 to 0.01). Please correct input.");
 }
@@ -147,7 +149,7 @@ TEST_F(CalcScreens, PaulyFormsChangeTheirTextsAndCompute) {
 TEST_F(CalcScreens, FaultsInTheButtonsEndInTheDefectReport) {
     FrmBhMort bh(ctx);
     Type(bh.boxes.txtLoo, "50");
-    Type(bh.boxes.txtK, "0.5");
+    Type(bh.boxes.txtK, test::Local("0.5"));
     Type(bh.boxes.txtLmean, "30");
     Type(bh.boxes.txtLc, "30");  // Lmean - L' = 0
     QTest::mouseClick(bh.cmdComputeButton, Qt::LeftButton);
@@ -177,9 +179,9 @@ TEST_F(CalcScreens, PhiPrimeLeavesTheMissingIndexEmptyAndRelabelsCompute) {
     FrmPhiPrime f(ctx);
     EXPECT_EQ(f.cmdComputeButton->text(), "C&ompute");
     Type(f.txtLoo, "50");
-    Type(f.txtK, "0.5");
+    Type(f.txtK, test::Local("0.5"));
     QTest::mouseClick(f.cmdComputeButton, Qt::LeftButton);
-    EXPECT_EQ(f.txtPhiPrime->text(), "3.097");
+    EXPECT_EQ(f.txtPhiPrime->text(), test::Local("3.097"));
     EXPECT_TRUE(f.txtPhi->text().isEmpty());
     EXPECT_EQ(f.cmdComputeButton->text(), "&Re-compute");
     EXPECT_EQ(test::RunCli("phi --k 0.5 --loo 50").out, "phi' = 3.097\nphi  = \n");

@@ -18,16 +18,20 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "base/error_report.h"
 #include "base/format.h"
 #include "data/lfq_file.h"
 #include "data/store_routines.h"
+#include "data/write_notices.h"
 #include "mortality/screens/frm_prob_catch_curve.h"
 #include "numerics/text_convert.h"
 #include "selection/screens/frm_logits.h"
 #include "selection/screens/frm_probability.h"
 #include "selection/screens/frm_probability2.h"
 #include "stock/simulation.h"
+#include "support/decimal_separator.h"
 #include "support/lfq_fixtures.h"
+#include "support/locale_text.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/plot_view.h"
@@ -90,7 +94,7 @@ TEST_F(CatchCurveRoad, FromFileToTrawlTypeSelection) {
     EXPECT_EQ(f.windowTitle().toStdString(), "Length-converted Catch Curve [" + path + "]");
     EXPECT_EQ(f.samples()->list()->selectedItems().size(), 12);
     f.field(0)->setText("60");
-    f.field(1)->setText("0.5");
+    f.field(1)->setText(test::Local("0.5"));
     Shot(&f, "cc_data");
 
     f.command(4)->click();
@@ -100,10 +104,10 @@ TEST_F(CatchCurveRoad, FromFileToTrawlTypeSelection) {
     EXPECT_GT(f.run()->firstPoint, 0);
     const double z = CatchCurveZ(*f.run());
     EXPECT_NEAR(z, 1.0, 0.15);
-    EXPECT_EQ(f.statistic(6)->text().toStdString(), Format(z, "0.00"));
+    EXPECT_EQ(f.statistic(6)->text().toStdString(), test::LocalStd(Format(z, "0.00")));
     // Z and r also stand beside the curve.
     EXPECT_EQ(f.curveZ()->text(), f.statistic(6)->text());
-    EXPECT_EQ(f.curveR()->text().toStdString(), Format(f.run()->fit.r(), "0.0000"));
+    EXPECT_EQ(f.curveR()->text().toStdString(), test::LocalStd(Format(f.run()->fit.r(), "0.0000")));
     Shot(&f, "cc_curve");
 
     // Clicks outside a selection round, off a point, and too close together.
@@ -131,7 +135,7 @@ TEST_F(CatchCurveRoad, FromFileToTrawlTypeSelection) {
     ASSERT_NE(m, nullptr);
     m->field(2)->setText("2");
     m->temperatureEntered();
-    EXPECT_EQ(m->field(2)->text().toStdString(), "6.389");
+    EXPECT_EQ(m->field(2)->text().toStdString(), test::LocalStd("6.389"));
     EXPECT_EQ(m->field(4)->text(), m->field(3)->text());
     m->proceedButton()->click();
     ASSERT_NE(f.extrapolation(), nullptr);
@@ -157,7 +161,8 @@ TEST_F(CatchCurveRoad, FromFileToTrawlTypeSelection) {
     EXPECT_EQ(dialogs.last().text, kSelNoSelectionText);
     logits->proceedButton()->click();
     ASSERT_NE(p->curve(), nullptr);
-    EXPECT_EQ(p->lengthLabel(1)->text().toStdString(), Format(p->curve()->l50, "0.00"));
+    EXPECT_EQ(p->lengthLabel(1)->text().toStdString(),
+              test::LocalStd(Format(p->curve()->l50, "0.00")));
     EXPECT_GT(p->curve()->l75, p->curve()->l25);
     Shot(p, "cc_probability");
 
@@ -165,6 +170,15 @@ TEST_F(CatchCurveRoad, FromFileToTrawlTypeSelection) {
     dialogs.saveAnswers.push_back(prb);
     p->saveProbabilities();
     ASSERT_TRUE(std::filesystem::exists(prb));
+    // Another kind's extension, or a place that cannot be written, is told; nothing is written.
+    dialogs.saveAnswers.push_back(dir.file("sel.txt"));
+    p->saveProbabilities();
+    EXPECT_EQ(dialogs.last().text, kWrongFileType);
+    EXPECT_FALSE(std::filesystem::exists(dir.file("sel.txt")));
+    const std::string blocked = prb + "/inside.prb";
+    dialogs.saveAnswers.push_back(blocked);
+    p->saveProbabilities();
+    EXPECT_EQ(dialogs.last().text, CannotWriteText(blocked));
 
     settings.setRunTime(kKeyLastActive, prb);
     FrmProbability2 p2(ctx);
@@ -176,10 +190,30 @@ TEST_F(CatchCurveRoad, FromFileToTrawlTypeSelection) {
     Shot(&p2, "cc_trawl");
 }
 
+// An extrapolation whose numbers overflow ends in the defect report: the screen stays, with
+// its curve and without an extrapolation.
+TEST_F(CatchCurveRoad, ExtremeMortalitiesEndInTheReport) {
+    FrmCatchCurve f(ctx);
+    f.field(0)->setText("60");
+    f.field(1)->setText(test::Local("0.5"));
+    f.command(4)->click();
+    ASSERT_NE(f.run(), nullptr);
+    ASSERT_GT(f.run()->firstPoint, 0);
+    f.command(6)->click();
+    auto* m = f.mortalityDialog();
+    ASSERT_NE(m, nullptr);
+    m->field(1)->setText("5000");
+    m->field(4)->setText(test::Local("0.1"));
+    m->proceedButton()->click();
+    EXPECT_EQ(dialogs.last().title, kDefectTitle);
+    EXPECT_EQ(f.extrapolation(), nullptr);
+    EXPECT_NE(f.run(), nullptr);
+}
+
 TEST_F(CatchCurveRoad, GrowthFieldsAndSeasonalRefusal) {
     FrmCatchCurve f(ctx);
     f.field(0)->setText("");
-    f.field(1)->setText("0.5");
+    f.field(1)->setText(test::Local("0.5"));
     f.command(4)->click();
     EXPECT_EQ(dialogs.last().text, kCcInvalidLooText);
     EXPECT_EQ(f.tabs()->currentIndex(), 0);
@@ -190,8 +224,8 @@ TEST_F(CatchCurveRoad, GrowthFieldsAndSeasonalRefusal) {
     EXPECT_EQ(dialogs.last().text, kCcTemporalHelpText);
 
     f.field(0)->setText("60");
-    f.field(2)->setText("0.5");
-    f.field(3)->setText("0.3");
+    f.field(2)->setText(test::Local("0.5"));
+    f.field(3)->setText(test::Local("0.3"));
     f.command(4)->click();
     ASSERT_NE(f.run(), nullptr);
     ASSERT_TRUE(f.run()->seasonal);
@@ -201,8 +235,8 @@ TEST_F(CatchCurveRoad, GrowthFieldsAndSeasonalRefusal) {
         EXPECT_EQ(dialogs.last().text, SeasonalExtrapolationText(CatchCurveZ(*f.run())));
     }
     // Editing a parameter clears the run and restores the compute command.
-    f.field(1)->setText("0.6");
-    Q_EMIT f.field(1)->textEdited("0.6");
+    f.field(1)->setText(test::Local("0.6"));
+    Q_EMIT f.field(1)->textEdited(test::Local("0.6"));
     EXPECT_EQ(f.run(), nullptr);
     EXPECT_TRUE(f.command(4)->isEnabled());
 }
@@ -210,7 +244,7 @@ TEST_F(CatchCurveRoad, GrowthFieldsAndSeasonalRefusal) {
 // With a comma as decimal separator the mortality dialogue shows and reads back its numbers in
 // that form, and hands the screen the figures the core computes.
 TEST_F(CatchCurveRoad, MortalityDialogueInACommaLocale) {
-    SetDecimalSeparator(',');
+    const test::ScopedDecimalSeparator comma(',');
     GrowthParams g;
     g.loo = 60;
     g.k = 0.5f;
@@ -226,7 +260,6 @@ TEST_F(CatchCurveRoad, MortalityDialogueInACommaLocale) {
     EXPECT_EQ(d->field(2)->text().toStdString(), "6,389");
     const auto tm = MortalityAtTemperature(2, g);
     d->proceedButton()->click();
-    ResetDecimalSeparator();
     EXPECT_EQ(z, 1.25);
     EXPECT_EQ(t, 6.389);
     EXPECT_EQ(m, AsShownInDialog(tm.m));

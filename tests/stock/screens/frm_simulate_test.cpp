@@ -11,6 +11,8 @@
 
 #include "numerics/text_convert.h"
 #include "stock/screens/frm_sim_select.h"
+#include "support/decimal_separator.h"
+#include "support/locale_text.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
@@ -43,17 +45,17 @@ TEST(FrmSimulate, ShowsItsTabsAndDefaults) {
     EXPECT_EQ(f.form.tabs()->tabText(1), "Population, mean and variability (s.d./mean)");
     EXPECT_EQ(f.form.tabs()->tabText(6), "&Length Frequencies");
     const QStringList file = {"12", "1", "50", "1.00", "3", "100"};
-    for (int i = 0; i < 6; ++i) EXPECT_EQ(f.form.simulBox(i)->text(), file[i]);
+    for (int i = 0; i < 6; ++i) EXPECT_EQ(f.form.simulBox(i)->text(), test::Local(file[i]));
     const QStringList pop = {"30.00", "0.200", "1.50", "0.200", "0.00", "0.000", "0.00", "0.000"};
-    for (int i = 0; i < 8; ++i) EXPECT_EQ(f.form.populationBox(i)->text(), pop[i]);
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(f.form.populationBox(i)->text(), test::Local(pop[i]));
     EXPECT_EQ(f.form.yearTable()->rowCount(), 3);
     EXPECT_EQ(f.form.recruitmentTable()->horizontalHeaderItem(1)->text(), "Rel. Recruitment");
     EXPECT_EQ(Cell(f.form.recruitmentTable(), 11, 0), "December");
     const QStringList sel = {"A", "9.50", "12.00", "50.00", "51.00", "1.00"};
-    for (int i = 0; i < 6; ++i) EXPECT_EQ(Cell(f.form.selectionTable(), 0, i), sel[i]);
+    for (int i = 0; i < 6; ++i) EXPECT_EQ(Cell(f.form.selectionTable(), 0, i), test::Local(sel[i]));
     EXPECT_EQ(f.form.selectionTable()->horizontalHeaderItem(5)->text(), "F(max)");
-    EXPECT_EQ(f.form.migrationBox(0)->text(), "9.00");
-    EXPECT_EQ(f.form.migrationBox(1)->text(), "11.50");
+    EXPECT_EQ(f.form.migrationBox(0)->text(), test::Local("9.00"));
+    EXPECT_EQ(f.form.migrationBox(1)->text(), test::Local("11.50"));
     EXPECT_FALSE(f.form.migrateBox()->isChecked());
     EXPECT_TRUE(f.form.fileBox(0)->text().endsWith("Simull01.LFQ"));
     EXPECT_TRUE(f.form.fileBox(1)->text().endsWith("Simull02.LFQ"));
@@ -84,13 +86,13 @@ TEST(FrmSimulate, MigrationNeedsASecondAreaFromTheSelectionDialogue) {
     EXPECT_EQ(f.dialogs.shown.size(), 2u);
     EXPECT_TRUE(dlg->isVisible());
     dlg->box(2)->setText("14");
-    dlg->box(5)->setText("2.5");
+    dlg->box(5)->setText(test::Local("2.5"));
     dlg->negligibleBox()->setChecked(true);
     EXPECT_FALSE(dlg->box(3)->isEnabled());
     dlg->accept();
     ASSERT_EQ(f.form.selectionTable()->rowCount(), 2);
     EXPECT_EQ(Cell(f.form.selectionTable(), 1, 0), "B");
-    EXPECT_EQ(Cell(f.form.selectionTable(), 1, 2), "14.00");
+    EXPECT_EQ(Cell(f.form.selectionTable(), 1, 2), test::Local("14.00"));
     EXPECT_EQ(Cell(f.form.selectionTable(), 1, 3), "-");
     EXPECT_EQ(f.form.inputs().selection[1].fmax, 2.5);
 
@@ -131,10 +133,10 @@ TEST(FrmSimulate, SimulateWritesTheFilesAndFillsTheResultTables) {
     ASSERT_EQ(lf->rowCount(), 3);
     EXPECT_EQ(lf->verticalHeaderItem(0)->text(), "15/01/2001");
     EXPECT_EQ(lf->horizontalHeaderItem(2)->text(), "S.D.");
-    EXPECT_EQ(lf->horizontalHeaderItem(3)->text(), "0.50");
+    EXPECT_EQ(lf->horizontalHeaderItem(3)->text(), test::Local("0.50"));
     EXPECT_EQ(Cell(lf, 0, 0), "50");
-    EXPECT_EQ(Cell(lf, 0, 1), "19.28");  // the seed-100 run's first sample
-    EXPECT_EQ(Cell(lf, 0, 2), "3.892");
+    EXPECT_EQ(Cell(lf, 0, 1), test::Local("19.28"));  // the seed-100 run's first sample
+    EXPECT_EQ(Cell(lf, 0, 2), test::Local("3.892"));
 }
 
 TEST(FrmSimulate, TextThatIsNotANumberIsRefusedBeforeAnythingIsWritten) {
@@ -161,10 +163,7 @@ TEST(FrmSimulate, TextThatIsNotANumberIsRefusedBeforeAnythingIsWritten) {
 }
 
 TEST(FrmSimulate, BoxesShowAndReadNumbersWithTheLocaleSeparator) {
-    struct Comma {
-        Comma() { SetDecimalSeparator(','); }
-        ~Comma() { ResetDecimalSeparator(); }
-    } comma;
+    const test::ScopedDecimalSeparator comma(',');
     Fixture f;
     EXPECT_EQ(f.form.populationBox(0)->text(), "30,00");
     EXPECT_EQ(f.form.populationBox(1)->text(), "0,200");

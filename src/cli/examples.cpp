@@ -1,0 +1,59 @@
+#include "cli/examples.h"
+
+#include <map>
+#include <string>
+
+namespace norvo::cli {
+namespace {
+
+// By the command's path below norvo-cli.
+const std::map<std::string, std::string>& Examples() {
+    static const std::map<std::string, std::string> examples = {
+        {"new", "norvo-cli new Data/Example.lfq"},
+        {"info", "norvo-cli info Data/Simull01.LFQ --json"},
+        {"import", "norvo-cli import catches.csv Data/Catches.lfq --species \"Sardinella\""},
+        {"export", "norvo-cli export Data/Simull01.LFQ --csv simull01.csv"},
+        {"import-dos", "norvo-cli import-dos OLDDATA.TXT Data/Old.lfq"},
+        {"elefan", "norvo-cli elefan kscan Data/Simull01.LFQ --loo 40"},
+        {"elefan rn", "norvo-cli elefan rn Data/Simull01.LFQ --loo 40 --k 0.5 --ss 1 --sl 10"},
+        {"elefan kscan", "norvo-cli elefan kscan Data/Simull01.LFQ --loo 40 --plot kscan.png"},
+        {"elefan surface",
+         "norvo-cli elefan surface Data/Simull01.LFQ --loo 35:45 --k 0.3:0.8 --ss 1 --sl 10"},
+        {"elefan search", "norvo-cli elefan search Data/Simull01.LFQ --loo 40:1 --k 0.5:0.05"},
+        {"catchcurve",
+         "norvo-cli catchcurve Data/Simull01.LFQ --loo 40 --k 0.5 --extrapolate --m 0.8"},
+        {"lmax", "norvo-cli lmax Data/Simull01.LFQ --plot lmax.png"},
+        {"mortality", "norvo-cli mortality pauly --length --size 40 --k 0.5 --t 27"},
+        {"mortality bh", "norvo-cli mortality bh --loo 40 --k 0.5 --lmean 25 --lc 15"},
+        {"mortality ault",
+         "norvo-cli mortality ault --loo 40 --k 0.5 --lmean 25 --lc 15 --lmax 38"},
+        {"mortality hoenig", "norvo-cli mortality hoenig --model1 --tmax 12"},
+        {"mortality pauly", "norvo-cli mortality pauly --length --size 40 --k 0.5 --t 27"},
+        {"mortality rikhter", "norvo-cli mortality rikhter --tm 2.5"},
+        {"phi", "norvo-cli phi --k 0.5 --loo 40"},
+        {"plotdemo", "norvo-cli plotdemo --plot demo.png"},
+        {"regress", "norvo-cli regress Data/Pairs.xyf --json"},
+        {"selection", "norvo-cli selection Data/Catch.prb --logit --save Data/Ogive.prb"},
+        {"simulate", "norvo-cli simulate Data/Stock.lfq Data/Catch.lfq --seed 7 --samples 12"},
+        {"vbgfplot",
+         "norvo-cli vbgfplot Data/Simull01.LFQ --loo 40 --k 0.5 --ss 1 --sl 10 --plot vbgf.png"},
+    };
+    return examples;
+}
+
+void AddExamplesBelow(CLI::App& app, const std::string& prefix) {
+    for (CLI::App* sub : app.get_subcommands({})) {
+        const std::string path = prefix.empty() ? sub->get_name() : prefix + " " + sub->get_name();
+        const auto it = Examples().find(path);
+        if (it != Examples().end()) sub->footer("Example:\n  " + it->second);
+        AddExamplesBelow(*sub, path);
+    }
+}
+
+}  // namespace
+
+void AddExamples(CLI::App& app) {
+    AddExamplesBelow(app, "");
+}
+
+}  // namespace norvo::cli
