@@ -15,6 +15,8 @@
 #include "mortality/screens/frm_rik_efa.h"
 #include "selection/screens/frm_probability2.h"
 #include "stock/screens/frm_simulate.h"
+#include "stock/screens/frm_vpa1.h"
+#include "stock/screens/frm_vpa2.h"
 #include "widgets/shell_context.h"
 
 namespace norvo::gui {
@@ -63,6 +65,10 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmSimulate(ctx, parent);
          }},
+        {"frmVPA1",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmVpa1(ctx, parent); }},
+        {"frmVPA2",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmVpa2(ctx, parent); }},
     };
     return factories;
 }

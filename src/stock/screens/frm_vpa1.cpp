@@ -121,7 +121,7 @@ void FrmVpa1::Initialize(const std::string& path) {
     header_[0]->setText(QString::fromStdString(st_->data->unitOfAge));
     header_[1]->setText(QString::fromStdString(st_->data->unitOfWeight));
     header_[2]->setText(QString::fromStdString(st_->data->header.otherId));
-    setWindowTitle(QString::fromStdString(std::string(kVpa1Caption) + " [" + path + "]"));
+    setWindowTitle(QString(kVpa1Caption) + " [" + QString::fromStdString(path) + "]");
     clearResult();
     PlotVPA1();
 }

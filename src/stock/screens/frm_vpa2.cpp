@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -148,7 +149,7 @@ void FrmVpa2::Initialize(const std::string& path) {
     file_->setText(QString::fromStdString(path));
     species_->setText(QString::fromStdString(st_->data.speciesname));
     samples_->setData(st_->data);
-    setWindowTitle(QString::fromStdString(std::string(kVpa2Caption) + " [" + path + "]"));
+    setWindowTitle(QString(kVpa2Caption) + " [" + QString::fromStdString(path) + "]");
     clearResult();
 }
 
