@@ -1,6 +1,9 @@
 // The table of screens and editors the shell can open. Each screen adds its line here.
+#include "data/screens/frm_flt.h"
 #include "data/screens/frm_import.h"
 #include "data/screens/frm_lfq.h"
+#include "data/screens/frm_scenario.h"
+#include "data/screens/frm_spc.h"
 #include "data/screens/record_editor.h"
 #include "growth/screens/frm_elefan1.h"
 #include "growth/screens/frm_lmax.h"
@@ -86,6 +89,9 @@ const std::map<std::string, EditorFactory>& EditorFactories() {
         {"PRB", [](ShellContext& c, QWidget* p) { return MakeRecordEditor("PRB", c, p); }},
         {"XYF", [](ShellContext& c, QWidget* p) { return MakeRecordEditor("XYF", c, p); }},
         {"VAL", [](ShellContext& c, QWidget* p) { return MakeRecordEditor("VAL", c, p); }},
+        {"SPC", [](ShellContext& c, QWidget* p) -> DataEditor* { return new FrmSpc(c, p); }},
+        {"FLT", [](ShellContext& c, QWidget* p) -> DataEditor* { return new FrmFlt(c, p); }},
+        {"SCE", [](ShellContext& c, QWidget* p) -> DataEditor* { return new FrmScenario(c, p); }},
     };
     return factories;
 }

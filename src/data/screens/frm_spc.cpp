@@ -69,12 +69,12 @@ void FrmSpc::OpenFile() {
     const SpeciesHeader& h = read->header;
     boxes_[kName]->setText(QString::fromStdString(h.speciesName));
     boxes_[kRemarks]->setText(QString::fromStdString(h.remarks));
-    const double numbers[] = {h.lowerLimit, h.classSize, static_cast<double>(h.noGroups),
-                              h.recruit,    h.a,         h.b,
-                              h.m,          h.ft,        h.loo,
-                              h.k};
+    const double numbers[] = {
+        h.lowerLimit, h.classSize, static_cast<double>(h.noGroups), h.recruit, h.a, h.b, h.m, h.ft,
+        h.loo,        h.k};
     for (int i = 0; i < 10; ++i)
-        SetBoxNumber(boxes_[kFirstNumber + i], numbers[i], i + kFirstNumber == kGroups ? "0" : kShown);
+        SetBoxNumber(boxes_[kFirstNumber + i], numbers[i],
+                     i + kFirstNumber == kGroups ? "0" : kShown);
     grid_->clearContents();
     grid_->setMaxRows(std::max<int>(1, static_cast<int>(read->classes.size())));
     for (size_t r = 0; r < read->classes.size(); ++r) {
@@ -137,7 +137,8 @@ std::vector<QStringList> FrmSpc::outputLines() const {
     lines.push_back({"Species Table"});
     lines.push_back({"Date generated: " + QDate::currentDate().toString("dd/MM/yyyy")});
     lines.push_back({});
-    for (size_t i = 0; i < boxes_.size(); ++i) lines.push_back({kSpcCaptions[i], boxes_[i]->text()});
+    for (size_t i = 0; i < boxes_.size(); ++i)
+        lines.push_back({kSpcCaptions[i], boxes_[i]->text()});
     lines.push_back({});
     lines.push_back({kSpcColumns[0], kSpcColumns[1], kSpcColumns[2]});
     for (int r = 0; r < grid_->maxRows(); ++r)

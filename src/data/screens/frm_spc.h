@@ -12,8 +12,9 @@ namespace norvo::gui {
 
 inline constexpr const char* kSpcFrame = "Population Parameters";
 inline constexpr std::array<const char*, 12> kSpcCaptions = {
-    "Species Name:", "Remarks:", "Lower Limit:", "Class Size:", "No. of Groups:", "Recruit:",
-    "a:",            "b:",       "M:",           "Ft:",         "Loo:",           "K:"};
+    "Species Name:", "Remarks:", "Lower Limit:", "Class Size:", "No. of Groups:",
+    "Recruit:",      "a:",       "b:",           "M:",          "Ft:",
+    "Loo:",          "K:"};
 inline constexpr std::array<const char*, 3> kSpcColumns = {"Mid-length", "F-array", "Value"};
 
 class FrmSpc : public StockFileEditor {

@@ -35,8 +35,7 @@ void StockFileEditor::SaveFileAs(const QString& path) {
     std::error_code ec;
     const std::filesystem::path from = path_.toStdString(), to = path.toStdString();
     if (from != to)
-        std::filesystem::copy_file(from, to, std::filesystem::copy_options::overwrite_existing,
-                                   ec);
+        std::filesystem::copy_file(from, to, std::filesystem::copy_options::overwrite_existing, ec);
     if (ec) {
         ctx_.dialogs.notify({kFileSaveError, kAppTitle, Buttons::Ok, Icon::Warning});
         return;
