@@ -178,17 +178,17 @@ std::string CatchesQuery(const std::string& fleet, const std::string& species, b
     return "SELECT * FROM [Catches]" + Where(fleet, species, speciesFirst);
 }
 
-std::optional<SelectionRow> ReadSelection(const std::string& path, const std::string& fleet,
-                                          const std::string& species) {
+std::optional<ScenarioSelection> ReadSelection(const std::string& path, const std::string& fleet,
+                                               const std::string& species) {
     DataStore store = DataStore::open(path);
     Records rs = store.openRecords(SelectionQuery(fleet, species));
     if (rs.endOfRecords()) return std::nullopt;
-    return SelectionRow{fleet,
-                        species,
-                        AsDouble(rs.getField("L50")),
-                        AsDouble(rs.getField("L75")),
-                        AsDouble(rs.getField("R75")),
-                        AsDouble(rs.getField("R50"))};
+    return ScenarioSelection{fleet,
+                             species,
+                             AsDouble(rs.getField("L50")),
+                             AsDouble(rs.getField("L75")),
+                             AsDouble(rs.getField("R75")),
+                             AsDouble(rs.getField("R50"))};
 }
 
 std::vector<CatchRow> ReadCatches(const std::string& path, const std::string& fleet,
@@ -201,7 +201,7 @@ std::vector<CatchRow> ReadCatches(const std::string& path, const std::string& fl
     return rows;
 }
 
-Outcome CheckSelection(const SelectionRow& r) {
+Outcome CheckSelection(const ScenarioSelection& r) {
     Outcome o;
     if (!(r.l50 < r.l75))
         o.refuse(kL50NotBelowL75, kSelectionInputTitle);
@@ -236,7 +236,7 @@ void SaveScenarioMembers(const std::string& path, const std::vector<ScenarioMemb
     });
 }
 
-Outcome SaveSelection(const std::string& path, const SelectionRow& row) {
+Outcome SaveSelection(const std::string& path, const ScenarioSelection& row) {
     Outcome o = CheckSelection(row);
     if (!o.ok()) return o;
     SaveInTransaction(path, [&](DataStore& store) {

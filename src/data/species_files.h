@@ -80,7 +80,7 @@ struct ScenarioMember {
 std::string MemberLabel(const ScenarioMember& m);
 std::string MemberKey(const std::string& label);
 
-struct SelectionRow {
+struct ScenarioSelection {
     std::string fleet, species;
     double l50 = 0, l75 = 0, r75 = 0, r50 = 0;
 };
@@ -107,14 +107,14 @@ std::string CatchesQuery(const std::string& fleet, const std::string& species,
                          bool speciesFirst = false);
 
 // The Selection record of a combination, if any.
-std::optional<SelectionRow> ReadSelection(const std::string& path, const std::string& fleet,
-                                          const std::string& species);
+std::optional<ScenarioSelection> ReadSelection(const std::string& path, const std::string& fleet,
+                                               const std::string& species);
 // The Catches records of a combination, in stored order.
 std::vector<CatchRow> ReadCatches(const std::string& path, const std::string& fleet,
                                   const std::string& species);
 
 // L50 < L75 < R75 < R50, checked in that order; refused with the first failing text.
-Outcome CheckSelection(const SelectionRow& row);
+Outcome CheckSelection(const ScenarioSelection& row);
 
 // Writers of the scenario. Empty title or remarks are stored as the placeholders.
 void SaveScenarioHeader(const std::string& path, const std::string& title,
@@ -122,7 +122,7 @@ void SaveScenarioHeader(const std::string& path, const std::string& title,
 void SaveScenarioMembers(const std::string& path, const std::vector<ScenarioMember>& species,
                          const std::vector<ScenarioMember>& fleets);
 // Replaces the combination's Selection record; refused (nothing written) by CheckSelection.
-Outcome SaveSelection(const std::string& path, const SelectionRow& row);
+Outcome SaveSelection(const std::string& path, const ScenarioSelection& row);
 // Replaces the combination's Catches records.
 void SaveCatches(const std::string& path, const std::string& fleet, const std::string& species,
                  const std::vector<CatchRow>& rows);

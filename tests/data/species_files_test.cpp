@@ -132,7 +132,7 @@ TEST_F(SpeciesFilesTest, QueriesQuoteNamesWithApostrophes) {
 
 TEST_F(SpeciesFilesTest, SelectionChecksInOrderAndWriteNothing) {
     const std::string path = newFile("a.sce");
-    auto refusal = [&](SelectionRow row) {
+    auto refusal = [&](ScenarioSelection row) {
         const Outcome o = SaveSelection(path, row);
         return o.refusal() ? o.refusal()->text : std::string();
     };
