@@ -87,6 +87,7 @@ FrmScenario::FrmScenario(ShellContext& ctx, QWidget* parent) : StockFileEditor(c
     catches_->setMaxCols(2);
     catches_->setMaxRows(0);
     catches_->setCornerTitle("Obs");
+    catches_->setRowHeadingWidthChars(5);
     for (int c = 0; c < 2; ++c) catches_->setColHeading(c, kSceCatchColumns[c]);
     catches_->setColumnFormat(1, {true, 0.001, 99999999.999, 12});
     catches_->setDisplayDecimals(3);
