@@ -1,6 +1,9 @@
 // The table of screens and editors the shell can open. Each screen adds its line here.
+#include "data/screens/frm_flt.h"
 #include "data/screens/frm_import.h"
 #include "data/screens/frm_lfq.h"
+#include "data/screens/frm_scenario.h"
+#include "data/screens/frm_spc.h"
 #include "data/screens/record_editor.h"
 #include "growth/screens/frm_elefan1.h"
 #include "growth/screens/frm_gin_methods.h"
@@ -22,6 +25,8 @@
 #include "stock/screens/frm_simulate.h"
 #include "stock/screens/frm_yr_knife.h"
 #include "stock/screens/frm_yr_selection.h"
+#include "stock/screens/frm_vpa1.h"
+#include "stock/screens/frm_vpa2.h"
 #include "widgets/shell_context.h"
 
 namespace norvo::gui {
@@ -110,6 +115,10 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new Frm2DYRSelection(ctx, parent);
          }},
+        {"frmVPA1",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmVpa1(ctx, parent); }},
+        {"frmVPA2",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmVpa2(ctx, parent); }},
     };
     return factories;
 }
@@ -127,6 +136,9 @@ const std::map<std::string, EditorFactory>& EditorFactories() {
         {"PRB", [](ShellContext& c, QWidget* p) { return MakeRecordEditor("PRB", c, p); }},
         {"XYF", [](ShellContext& c, QWidget* p) { return MakeRecordEditor("XYF", c, p); }},
         {"VAL", [](ShellContext& c, QWidget* p) { return MakeRecordEditor("VAL", c, p); }},
+        {"SPC", [](ShellContext& c, QWidget* p) -> DataEditor* { return new FrmSpc(c, p); }},
+        {"FLT", [](ShellContext& c, QWidget* p) -> DataEditor* { return new FrmFlt(c, p); }},
+        {"SCE", [](ShellContext& c, QWidget* p) -> DataEditor* { return new FrmScenario(c, p); }},
     };
     return factories;
 }

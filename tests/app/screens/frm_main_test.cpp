@@ -463,6 +463,8 @@ TEST(MainWindowWithRealEditors, NewOpensEveryKindWithAnEditor) {
         SCOPED_TRACE(kind);
         const std::string path = dir.file("new." + kind);
         dialogs.saveAnswers = {path};
+        // A new species file is made only after its warning is answered Yes.
+        if (kind == "SPC") dialogs.answers.push_back(Answer::Yes);
         main.runCommand("mnuFileNew");
         ASSERT_NE(main.activeEditor(), nullptr);
         EXPECT_EQ(main.activeEditor()->kind().toStdString(), kind);
