@@ -24,7 +24,7 @@ GillnetResult ComputeGillnet(const LfqData& data, const GillnetOptions& o) {
         return r;
     }
     // Sizes compare as stored; a size of 0 or below cannot be a mesh either.
-    if (*o.meshA >= *o.meshB || !(*o.meshA > 0)) {
+    if (!(*o.meshA > 0) || !(*o.meshB > *o.meshA)) {
         r.refuse(kGnMeshSizesText, kGnInvalidInputsTitle);
         return r;
     }
