@@ -123,7 +123,7 @@ void DrawGillnetCurves(ChartCanvas& canvas, const GillnetResult& run, const std:
     canvas.MoveTo(75, 10);
     canvas.SetForeColour(kNetA);
     canvas.Print("m(A) = " + Format(run.meshA, "0.00"));
-    canvas.MoveTo(75, 13);
+    canvas.MoveTo(75, 14);
     canvas.SetForeColour(kNetB);
     canvas.Print("m(B) = " + Format(run.meshB, "0.00"));
     canvas.SetForeColour(kBlack);
