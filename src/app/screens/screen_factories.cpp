@@ -21,7 +21,9 @@
 #include "mortality/screens/frm_pauly_m.h"
 #include "mortality/screens/frm_rik_efa.h"
 #include "numerics/screens/frm_regress.h"
+#include "selection/screens/frm_gill_net.h"
 #include "selection/screens/frm_probability2.h"
+#include "selection/screens/frm_recruit.h"
 #include "stock/screens/frm_simulate.h"
 #include "stock/screens/frm_yr_knife.h"
 #include "stock/screens/frm_yr_selection.h"
@@ -74,6 +76,14 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
         {"frmCatchCurve",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmCatchCurve(ctx, parent);
+         }},
+        {"frmGillNet",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmGillNet(ctx, parent);
+         }},
+        {"frmRecruit",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmRecruit(ctx, parent);
          }},
         {"frmProbability2",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
