@@ -53,8 +53,8 @@ SampleFileRun AdjustData(const LfqData& data, const std::vector<LfqSample>& samp
 
     LfqTable& t = run.table;
     t.header = HeaderFrom(data,
-                          data.remarks + "; class size adjusted from " +
-                              RemarkNumber(oldInterval) + " to " + RemarkNumber(newInterval) + ".",
+                          data.remarks + "; class size adjusted from " + RemarkNumber(oldInterval) +
+                              " to " + RemarkNumber(newInterval) + ".",
                           newSmallest, newInterval, rows);
     t.header.noOfSamples = data.noOfSamples;
     t.samples = samples;
@@ -91,10 +91,9 @@ SampleFileRun SmoothData(const LfqData& data, const std::vector<LfqSample>& samp
     const double m1 = data.smallestMl;
     const double d = data.classInterval;
     LfqTable& t = run.table;
-    t.header = HeaderFrom(data,
-                          data.remarks + "; File smoothed by " + std::to_string(window) +
-                              " classes",
-                          m1 + ((window - 1) / 2) * d, d, rows);
+    t.header =
+        HeaderFrom(data, data.remarks + "; File smoothed by " + std::to_string(window) + " classes",
+                   m1 + ((window - 1) / 2) * d, d, rows);
     t.header.noOfSamples = data.noOfSamples;
     t.samples = samples;
     t.freq.assign(rows, std::vector<double>(data.noOfSamples, 0.0));

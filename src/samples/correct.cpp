@@ -49,9 +49,14 @@ ClassProbabilities ProbabilitiesFromPrb(const LfqData& data, const PrbData& prb)
         return r;
     }
     for (int c = 0; c < data.noOfClasses; ++c) {
+        // A typed grid such as 10.2 by 0.2 reaches its midlengths one 32-bit step off the
+        // values typed into a probability file: match within 1e-4 of the interval.
         const float mid = R4(data.midlength(c));
+        const double tolerance = 1e-4 * data.classInterval;
         size_t k = 0;
-        while (k < prb.length.size() && prb.length[k] != mid) ++k;
+        while (k < prb.length.size() &&
+               std::fabs(static_cast<double>(prb.length[k]) - mid) > tolerance)
+            ++k;
         if (k == prb.length.size()) {
             r.refuse(kCorrectPrbLacksPrefix + RemarkNumber(mid) + kCorrectPrbLacksSuffix,
                      kInvalidDataTitle);

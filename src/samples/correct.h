@@ -14,8 +14,9 @@ inline constexpr const char* kCorrectPrbMissingText =
     "The probability file cannot be located. Please check the input.";
 inline constexpr const char* kCorrectPrbEmptyText =
     "The probability file does not contain valid data. Please check.";
-inline constexpr const char* kCorrectPrbLacksPrefix = "The probability file has no row for the "
-                                                      "midlength ";
+inline constexpr const char* kCorrectPrbLacksPrefix =
+    "The probability file has no row for the "
+    "midlength ";
 inline constexpr const char* kCorrectPrbLacksSuffix = ". Please check.";
 inline constexpr const char* kCorrectIncompleteText = "Invalid or incomplete input. Please check.";
 inline constexpr const char* kCorrectRemarksSuffix = "; File corrected for probabilities";
@@ -39,7 +40,8 @@ double OgiveProbability(const Ogive& o, double length);
 double CorrectionFactor(double p);
 
 // The probability of each class of `data` from the rows of a probability file, matched as
-// 32-bit values; refused with a notice naming the first midlength the file lacks.
+// 32-bit values within 1e-4 of the class interval; refused with a notice naming the first midlength
+// the file lacks.
 struct ClassProbabilities : Outcome {
     std::vector<double> p;  // by class
 };

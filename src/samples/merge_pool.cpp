@@ -37,8 +37,8 @@ bool GridsCompatible(float interval1, float smallest1, float interval2, float sm
     return std::fabs(q - std::round(q)) <= kGridTolerance;
 }
 
-SampleFileRun MergeData(const LfqData& a, const std::vector<LfqSample>& samplesA,
-                        const LfqData& b, const std::vector<LfqSample>& samplesB) {
+SampleFileRun MergeData(const LfqData& a, const std::vector<LfqSample>& samplesA, const LfqData& b,
+                        const std::vector<LfqSample>& samplesB) {
     SampleFileRun run;
     const float ia = R4(a.classInterval), ib = R4(b.classInterval);
     const float sa = R4(a.smallestMl), sb = R4(b.smallestMl);
@@ -74,8 +74,8 @@ SampleFileRun MergeData(const LfqData& a, const std::vector<LfqSample>& samplesA
                      [&](int x, int y) { return DateKey(records[x]) < DateKey(records[y]); });
 
     LfqTable& t = run.table;
-    t.header = HeaderFrom(a, kMergeRemarksPrefix + a.remarks + "; " + b.remarks, smallest, ia,
-                          classes);
+    t.header =
+        HeaderFrom(a, kMergeRemarksPrefix + a.remarks + "; " + b.remarks, smallest, ia, classes);
     t.freq.assign(classes, std::vector<double>(order.size(), 0.0));
     for (size_t k = 0; k < order.size(); ++k) {
         LfqSample s = records[order[k]];

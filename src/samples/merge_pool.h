@@ -32,8 +32,8 @@ bool GridsCompatible(float interval1, float smallest1, float interval2, float sm
 
 // The merged file: the samples of `a` then of `b` on the common grid (empty cells 0), put in
 // date order (equal dates keep `a` first) and numbered from 1. Refused when the grids differ.
-SampleFileRun MergeData(const LfqData& a, const std::vector<LfqSample>& samplesA,
-                        const LfqData& b, const std::vector<LfqSample>& samplesB);
+SampleFileRun MergeData(const LfqData& a, const std::vector<LfqSample>& samplesA, const LfqData& b,
+                        const std::vector<LfqSample>& samplesB);
 
 struct MergeOptions {
     std::string first;

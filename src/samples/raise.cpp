@@ -6,6 +6,10 @@
 
 namespace norvo {
 
+std::string RaiseNoFishText(int sampleNo) {
+    return kRaiseNoFishPrefix + std::to_string(sampleNo) + kRaiseNoFishSuffix;
+}
+
 RaiseFactors ComputeRaiseFactors(const LfqData& data, const std::vector<LfqSample>& samples,
                                  const std::vector<bool>& selected, RaiseOption option,
                                  double constant) {
@@ -45,8 +49,7 @@ RaiseFactors ComputeRaiseFactors(const LfqData& data, const std::vector<LfqSampl
             case RaiseOption::PercentOfTotal:
             case RaiseOption::SqrtOfTotal:
                 if (!(total > 0)) {
-                    r.refuse(kRaiseNoFishPrefix + std::to_string(s + 1) + kRaiseNoFishSuffix,
-                             kRaiseZeroTitle);
+                    r.refuse(RaiseNoFishText(s + 1), kRaiseZeroTitle);
                     return r;
                 }
                 f = option == RaiseOption::PercentOfTotal ? 1.0 / total : 1.0 / Sqrt(total);

@@ -29,10 +29,19 @@ inline constexpr const char* kRaiseSavedPrefix = "The file has been saved to ";
 inline constexpr double kRaiseConstantMin = 1e-6;
 inline constexpr double kRaiseConstantMax = 1e9;
 
-enum class RaiseOption { CatchPerWeight = 1, CatchPerEffort, Constant, PercentOfTotal, SqrtOfTotal };
-inline constexpr const char* kRaiseOptionTexts[] = {
-    "Using Catch/Sample Weight", "Using C/f", "Using a Constant", "% of Sample Total",
-    "Square root of Sample Total"};
+// "Sample n has no fish: ..."
+std::string RaiseNoFishText(int sampleNo);
+
+enum class RaiseOption {
+    CatchPerWeight = 1,
+    CatchPerEffort,
+    Constant,
+    PercentOfTotal,
+    SqrtOfTotal
+};
+inline constexpr const char* kRaiseOptionTexts[] = {"Using Catch/Sample Weight", "Using C/f",
+                                                    "Using a Constant", "% of Sample Total",
+                                                    "Square root of Sample Total"};
 
 // One factor per sample: 1 for a sample not selected, else the option's. Refused with the
 // option's zero notice when a selected sample lacks what its factor divides by.

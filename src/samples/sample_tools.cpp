@@ -26,9 +26,9 @@ std::filesystem::path Canonical(const std::string& path) {
 Outcome CheckPaths(const std::vector<std::string>& sources, const std::string& destination,
                    const PathTexts& texts) {
     Outcome out;
-    const bool anyEmpty = destination.empty() ||
-                          std::any_of(sources.begin(), sources.end(),
-                                      [](const std::string& s) { return s.empty(); });
+    const bool anyEmpty =
+        destination.empty() ||
+        std::any_of(sources.begin(), sources.end(), [](const std::string& s) { return s.empty(); });
     if (anyEmpty) {
         out.refuse(texts.emptyText, texts.emptyTitle);
         return out;
@@ -91,7 +91,10 @@ double CutTwoDecimals(double f) {
 }
 
 std::string RemarkNumber(double x) {
-    return Format(x, "0.####");
+    std::string t = Format(x, "0.0000");
+    while (t.back() == '0') t.pop_back();
+    if (t.back() == '.') t.pop_back();
+    return t;
 }
 
 void Redistribute(double f, double low, double high, double newLow, double newWidth,

@@ -8,6 +8,10 @@
 
 namespace norvo {
 
+std::string NamingSample(const char* text, int sampleNo) {
+    return text + std::string(" (sample ") + std::to_string(sampleNo) + ")";
+}
+
 double ClassMeanWeight(double a, double b, double lower, double width) {
     const double p = b + 1;
     return Div(a, p * width) * (Pow(lower + width, p) - Pow(lower, p));
@@ -20,13 +24,12 @@ SampleWeightResult ComputeSampleWeights(const LfqData& data,
     r.meanWeight.assign(data.noOfClasses, std::vector<double>(data.noOfSamples, 0.0));
     for (int s = 0; s < data.noOfSamples; ++s) {
         const LfqSample& rec = samples.at(s);
-        const std::string which = " (sample " + std::to_string(s + 1) + ")";
         if (!(rec.lwA > 0)) {
-            r.refuse(kSwInvalidAText + which, kInvalidDataTitle);
+            r.refuse(NamingSample(kSwInvalidAText, s + 1), kInvalidDataTitle);
             return r;
         }
         if (!(rec.lwB > 0)) {
-            r.refuse(kSwInvalidBText + which, kInvalidDataTitle);
+            r.refuse(NamingSample(kSwInvalidBText, s + 1), kInvalidDataTitle);
             return r;
         }
         SampleWeightRow row{data.day[s], data.month[s], data.year[s]};

@@ -18,11 +18,13 @@ inline constexpr const char* kSwDoneTitle = "Notice!";
 inline constexpr const char* kSwDoneText =
     "Sample weights for all samples were replaced with the computed values.";
 inline constexpr const char* kSwClassHeadings[] = {"Class", "Mean Weight"};
-inline constexpr const char* kSwSampleHeadings[] = {"Date", "Sum F", "Wt. of Sample",
-                                                    "Mean Wt."};
+inline constexpr const char* kSwSampleHeadings[] = {"Date", "Sum F", "Wt. of Sample", "Mean Wt."};
 
 // The mean of a * L^b over a class of width w from its lower limit L.
 double ClassMeanWeight(double a, double b, double lower, double width);
+
+// A coefficient notice naming its sample: text + " (sample n)".
+std::string NamingSample(const char* text, int sampleNo);
 
 struct SampleWeightRow {
     int day = 0, month = 0, year = 0;
@@ -37,8 +39,7 @@ struct SampleWeightResult : Outcome {
 };
 
 // Refused, naming the sample, when a sample's a is not above 0 or its b is not above 0.
-SampleWeightResult ComputeSampleWeights(const LfqData& data,
-                                        const std::vector<LfqSample>& samples);
+SampleWeightResult ComputeSampleWeights(const LfqData& data, const std::vector<LfqSample>& samples);
 
 // Reads the file, computes and writes Wt_Sample of every record (as 32-bit), all or nothing.
 SampleWeightResult RunSampleWeight(const std::string& path);
