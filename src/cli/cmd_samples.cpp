@@ -202,7 +202,7 @@ RegisterCommand regConvert{[](CLI::App& app, Context& ctx) {
     auto* f = cmd->add_option("--f", a->f, "f (function 2)");
     cmd->callback([&ctx, a, f] {
         if (a->fn == 2 && f->count() == 0)
-            throw Refusal(kInvalidActionTitle, kCompleteTheInputsText);
+            throw Refusal(kSmInvalidActionTitle, kCompleteTheInputsText);
         CheckDestination(*a);
         Finish(ctx, *a,
                RunConvert({a->sources[0], a->destination, {a->fn, a->d, a->e, a->f}},

@@ -89,7 +89,7 @@ SampleFileRun MergeData(const LfqData& a, const std::vector<LfqSample>& samplesA
 
 SampleFileRun RunMerge(const MergeOptions& o, const std::string& programFolder) {
     SampleFileRun run;
-    PathTexts texts{kInvalidActionTitle, kCompleteTheInputsText, kMergeMissingText};
+    PathTexts texts{kSmInvalidActionTitle, kCompleteTheInputsText, kMergeMissingText};
     run.absorb(CheckPaths({o.first, o.second}, o.destination, texts));
     if (!run.ok()) return run;
     auto a = ReadLFQ(o.first);

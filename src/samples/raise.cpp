@@ -80,7 +80,7 @@ SampleFileRun RaiseData(const LfqData& data, const std::vector<LfqSample>& sampl
 SampleFileRun RunRaise(const RaiseOptions& o, const std::string& programFolder) {
     SampleFileRun run;
     SourceRead src = ReadSource(o.source, o.destination,
-                                {kInvalidActionTitle, kRaisePathsText, kSourceNotFoundText});
+                                {kSmInvalidActionTitle, kRaisePathsText, kSourceNotFoundText});
     run.absorb(src);
     if (!run.ok()) return run;
     std::vector<bool> selected(src.data.noOfSamples, o.samples.empty());

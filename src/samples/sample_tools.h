@@ -6,11 +6,12 @@
 #include <vector>
 
 #include "base/outcome.h"
+#include "chart/report.h"
 #include "data/lfq_data.h"
 
 namespace norvo {
 
-inline constexpr const char* kInvalidActionTitle = "Invalid Action";
+inline constexpr const char* kSmInvalidActionTitle = "Invalid Action";
 inline constexpr const char* kInvalidInputsTitle = "Invalid Inputs";
 inline constexpr const char* kSourceNotFoundTitle = "File Not Found";
 inline constexpr const char* kSourceNotFoundText =
@@ -21,7 +22,6 @@ inline constexpr const char* kCompleteTheInputsText =
 inline constexpr const char* kDestinationIsSourceText =
     "ERROR: The destination file cannot be the same as any of the source files. Please correct "
     "the inputs.";
-inline constexpr const char* kDataSavedTitle = "Data Saved";
 inline constexpr const char* kDoneTitle = "Done!";
 inline constexpr const char* kSaveFailedTitle = "Save...";
 inline constexpr const char* kFileSaveFailedText = "File Save Error. File not saved!";

@@ -21,6 +21,8 @@ SampleWeightResult ComputeSampleWeights(const LfqData& data,
                                         const std::vector<LfqSample>& samples) {
     SampleWeightResult r;
     const double w = data.classInterval;
+    r.smallestMl = data.smallestMl;
+    r.classInterval = w;
     r.meanWeight.assign(data.noOfClasses, std::vector<double>(data.noOfSamples, 0.0));
     for (int s = 0; s < data.noOfSamples; ++s) {
         const LfqSample& rec = samples.at(s);

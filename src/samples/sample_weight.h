@@ -34,6 +34,7 @@ struct SampleWeightRow {
 };
 
 struct SampleWeightResult : Outcome {
+    double smallestMl = 0, classInterval = 0;     // the file's grid
     std::vector<std::vector<double>> meanWeight;  // [class][sample]
     std::vector<SampleWeightRow> samples;
 };

@@ -16,6 +16,10 @@
 #include "mortality/screens/frm_munro2.h"
 #include "mortality/screens/frm_pauly_m.h"
 #include "mortality/screens/frm_rik_efa.h"
+#include "samples/screens/frm_adjust_smooth.h"
+#include "samples/screens/frm_correct_convert.h"
+#include "samples/screens/frm_merge_pool.h"
+#include "samples/screens/frm_raise_sample_wt.h"
 #include "selection/screens/frm_probability2.h"
 #include "stock/screens/frm_simulate.h"
 #include "widgets/shell_context.h"
@@ -73,6 +77,28 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
         {"frmLinking",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmLinking(ctx, parent);
+         }},
+        {"frmMerge",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmMerge(ctx, parent); }},
+        {"frmPool",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmPool(ctx, parent); }},
+        {"frmAdjust",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmAdjust(ctx, parent); }},
+        {"frmCorrect",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmCorrect(ctx, parent);
+         }},
+        {"frmSmooth",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmSmooth(ctx, parent); }},
+        {"frmConvert",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmConvert(ctx, parent);
+         }},
+        {"frmRaise",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmRaise(ctx, parent); }},
+        {"frmSampleWt",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmSampleWt(ctx, parent);
          }},
         {"frmSimulate",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
