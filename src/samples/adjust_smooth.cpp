@@ -9,22 +9,6 @@
 
 namespace norvo {
 
-SourceRead ReadSource(const std::string& source, const std::string& destination,
-                      const PathTexts& texts) {
-    SourceRead r;
-    r.absorb(CheckPaths({source}, destination, texts));
-    if (!r.ok()) return r;
-    auto data = ReadLFQ(source);
-    if (!data) {
-        const UserNotice& n = data.error().notice;
-        r.refuse(n.text, n.title, n.icon);
-        return r;
-    }
-    r.data = std::move(data).value();
-    r.samples = SampleRecordsOf(source, r.data);
-    return r;
-}
-
 SampleFileRun AdjustData(const LfqData& data, const std::vector<LfqSample>& samples,
                          double newInterval) {
     SampleFileRun run;

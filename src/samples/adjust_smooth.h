@@ -47,12 +47,4 @@ struct SmoothOptions {
 };
 SampleFileRun RunSmooth(const SmoothOptions& options, const std::string& programFolder);
 
-// Reads a source for a one-file tool: the data and its sample records, or the refusal.
-struct SourceRead : Outcome {
-    LfqData data;
-    std::vector<LfqSample> samples;
-};
-SourceRead ReadSource(const std::string& source, const std::string& destination,
-                      const PathTexts& texts = {});
-
 }  // namespace norvo

@@ -80,8 +80,9 @@ SampleFileRun ConvertData(const LfqData& data, const std::vector<LfqSample>& sam
 
 SampleFileRun RunConvert(const ConvertOptions& o, const std::string& programFolder) {
     SampleFileRun run;
-    SourceRead src = ReadSource(o.source, o.destination,
-                                {kSmInvalidActionTitle, kCompleteTheInputsText, kSourceNotFoundText});
+    SourceRead src =
+        ReadSource(o.source, o.destination,
+                   {kSmInvalidActionTitle, kCompleteTheInputsText, kSourceNotFoundText});
     run.absorb(src);
     if (!run.ok()) return run;
     run = ConvertData(src.data, src.samples, o.fn);

@@ -92,16 +92,15 @@ SampleFileRun RunMerge(const MergeOptions& o, const std::string& programFolder) 
     PathTexts texts{kSmInvalidActionTitle, kCompleteTheInputsText, kMergeMissingText};
     run.absorb(CheckPaths({o.first, o.second}, o.destination, texts));
     if (!run.ok()) return run;
-    auto a = ReadLFQ(o.first);
-    auto b = a ? ReadLFQ(o.second) : a;
-    for (const auto* r : {&a, &b}) {
-        if (!*r) {
-            const UserNotice& n = r->error().notice;
-            run.refuse(n.text, n.title, n.icon);
+    SourceRead a = ReadSource(o.first, o.destination, texts);
+    SourceRead b = a.ok() ? ReadSource(o.second, o.destination, texts) : a;
+    for (const SourceRead* r : {&a, &b}) {
+        if (!r->ok()) {
+            run.absorb(*r);
             return run;
         }
     }
-    run = MergeData(*a, SampleRecordsOf(o.first, *a), *b, SampleRecordsOf(o.second, *b));
+    run = MergeData(a.data, a.samples, b.data, b.samples);
     if (!run.ok()) return run;
     run.table.header.path = o.destination;
     SaveWithNotice(run, o.destination, programFolder,
@@ -179,15 +178,10 @@ SampleFileRun PoolData(const LfqData& data, const std::vector<PoolSpec>& pools) 
 
 SampleFileRun RunPool(const PoolOptions& o, const std::string& programFolder) {
     SampleFileRun run;
-    run.absorb(CheckPaths({o.source}, o.destination));
+    SourceRead src = ReadSource(o.source, o.destination);
+    run.absorb(src);
     if (!run.ok()) return run;
-    auto data = ReadLFQ(o.source);
-    if (!data) {
-        const UserNotice& n = data.error().notice;
-        run.refuse(n.text, n.title, n.icon);
-        return run;
-    }
-    run = PoolData(*data, o.pools);
+    run = PoolData(src.data, o.pools);
     if (!run.ok()) return run;
     run.table.header.path = o.destination;
     SaveWithNotice(run, o.destination, programFolder, kPoolSavedPrefix + o.destination,

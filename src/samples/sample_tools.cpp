@@ -126,6 +126,26 @@ void Redistribute(double f, double low, double high, double newLow, double newWi
     }
 }
 
+SourceRead ReadSource(const std::string& source, const std::string& destination,
+                      const PathTexts& texts) {
+    SourceRead r;
+    r.absorb(CheckPaths({source}, destination, texts));
+    if (!r.ok()) return r;
+    auto data = ReadLFQ(source);
+    if (!data) {
+        const UserNotice& n = data.error().notice;
+        r.refuse(n.text, n.title, n.icon);
+        return r;
+    }
+    r.data = std::move(data).value();
+    if (r.data.noOfClasses < 1 || r.data.noOfSamples < 1) {
+        r.refuse(kFileEmptyText, kInvalidDataTitle);
+        return r;
+    }
+    r.samples = SampleRecordsOf(source, r.data);
+    return r;
+}
+
 void SaveNewLfq(const std::string& path, const std::string& programFolder, const LfqTable& table) {
     AtomicRewriteFromTemplate(path, programFolder, [&](const std::string& work) {
         WriteLfqFile(work, table.header, table.samples, table.freq);

@@ -77,6 +77,15 @@ std::string RemarkNumber(double x);
 void Redistribute(double f, double low, double high, double newLow, double newWidth,
                   std::vector<double>& cells, std::vector<bool>& touched);
 
+// Reads a source for a one-file tool: the data and its sample records, or the refusal (a file
+// without classes or samples included).
+struct SourceRead : Outcome {
+    LfqData data;
+    std::vector<LfqSample> samples;
+};
+SourceRead ReadSource(const std::string& source, const std::string& destination,
+                      const PathTexts& texts = {});
+
 // Writes `table` to `path` as a new file made from the LFQ template; all or nothing. Throws
 // StoreError when the template or the path cannot be used.
 void SaveNewLfq(const std::string& path, const std::string& programFolder, const LfqTable& table);
