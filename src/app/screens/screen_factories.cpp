@@ -22,6 +22,10 @@
 #include "mortality/screens/frm_rik_efa.h"
 #include "numerics/screens/frm_regress.h"
 #include "selection/screens/frm_gill_net.h"
+#include "samples/screens/frm_adjust_smooth.h"
+#include "samples/screens/frm_correct_convert.h"
+#include "samples/screens/frm_merge_pool.h"
+#include "samples/screens/frm_raise_sample_wt.h"
 #include "selection/screens/frm_probability2.h"
 #include "selection/screens/frm_recruit.h"
 #include "stock/screens/frm_simulate.h"
@@ -104,6 +108,28 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
         {"frmRegress",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmRegress(ctx, parent);
+         }},
+        {"frmMerge",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmMerge(ctx, parent); }},
+        {"frmPool",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmPool(ctx, parent); }},
+        {"frmAdjust",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmAdjust(ctx, parent); }},
+        {"frmCorrect",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmCorrect(ctx, parent);
+         }},
+        {"frmSmooth",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmSmooth(ctx, parent); }},
+        {"frmConvert",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmConvert(ctx, parent);
+         }},
+        {"frmRaise",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmRaise(ctx, parent); }},
+        {"frmSampleWt",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmSampleWt(ctx, parent);
          }},
         {"frmSimulate",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
