@@ -112,7 +112,7 @@ FitPlotRange DrawLaaFit(ChartCanvas& canvas, const LaaData& data, const LaaRun& 
     for (const auto& row : data.rows)
         DrawPointMark(canvas, r.toUser(row[0] / divisor, row[1]), kBlack, row[2] > 0);
     if (run.fitted()) {
-        DrawPlotTitle(canvas, run.caption(), 9);
+        DrawPlotTitle(canvas, run.caption(sep), 9);
         DrawCurve(canvas, r, [&](double t) { return LaaCurve(run, t); });
     }
     return r;

@@ -99,8 +99,8 @@ std::string LaaRun::stars(LaaParam p) const {
     return i < 0 ? std::string(kMqConstant) : fit.stars[static_cast<size_t>(i)];
 }
 
-std::string LaaRun::caption() const {
-    auto v = [&](LaaParam p) { return Format(estimate(p), "#0.00"); };
+std::string LaaRun::caption(char decimalSeparator) const {
+    auto v = [&](LaaParam p) { return FormatLocal(estimate(p), "#0.00", decimalSeparator); };
     std::string text = "Parameters: Loo=" + v(kLaaLoo) + " ; K=" + v(kLaaK);
     if (model == kMarquardtSeasonal) text += " ; C=" + v(kLaaC) + " ; WP=" + v(kLaaWP);
     return text + " ;and to=" + v(kLaaT0);

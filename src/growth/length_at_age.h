@@ -81,7 +81,7 @@ struct LaaRun : Outcome {
     float stdErr(LaaParam p) const;
     std::string stars(LaaParam p) const;
     // The caption of the fit: "Parameters: Loo=... ; K=... ;and to=...".
-    std::string caption() const;
+    std::string caption(char decimalSeparator = '.') const;
 };
 
 // Checks the rows and the constraints, builds the working table and fits.

@@ -3,6 +3,7 @@
 #include "data/screens/frm_lfq.h"
 #include "data/screens/record_editor.h"
 #include "growth/screens/frm_elefan1.h"
+#include "growth/screens/frm_laa_analysis.h"
 #include "growth/screens/frm_lmax.h"
 #include "growth/screens/frm_phi_prime.h"
 #include "growth/screens/frm_vbgf_plot.h"
@@ -25,6 +26,10 @@ namespace norvo::gui {
 
 const std::map<std::string, ScreenFactory>& ScreenFactories() {
     static const std::map<std::string, ScreenFactory> factories = {
+        {"frmLAAAnalysis",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmLaaAnalysis(ctx, parent);
+         }},
         {"frmLmax",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmLmax(ctx, parent); }},
         {"frmPhiPrime",
