@@ -118,6 +118,19 @@ void ChartCanvas::Polyline(const std::vector<UserPoint>& points, Colour colour) 
     push(std::move(c));
 }
 
+void ChartCanvas::Polygon(const std::vector<UserPoint>& points, Colour colour) {
+    if (points.size() < 3) return;
+    for (const auto& p : points) {
+        CheckFinite(p.x);
+        CheckFinite(p.y);
+    }
+    DrawCommand c;
+    c.op = DrawOp::Polygon;
+    c.points = points;
+    c.colour = colour;
+    push(std::move(c));
+}
+
 void ChartCanvas::SetFill(Colour colour, FillStyle style) {
     fillColour_ = colour;
     fillStyle_ = style;

@@ -58,6 +58,7 @@ enum class DrawOp {
     SetFont,        // font
     Print,          // text at x1 y1 (top left), font and colour as current
     Polyline,       // points, colour, with the current pen
+    Polygon,        // closed points, outline colour with the current pen, current fill
 };
 
 struct UserPoint {
@@ -122,6 +123,8 @@ class ChartCanvas {
     void Circle(double x, double y, double radius, Colour colour);
     // Joined line segments through the points with the current pen.
     void Polyline(const std::vector<UserPoint>& points, Colour colour);
+    // A closed polygon: outlined in `colour` with the current pen, filled with the current fill.
+    void Polygon(const std::vector<UserPoint>& points, Colour colour);
     void SetFill(Colour colour, FillStyle style);
     void SetPen(PenStyle style, int width);
     void SetForeColour(Colour colour);

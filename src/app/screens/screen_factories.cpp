@@ -3,6 +3,7 @@
 #include "data/screens/frm_lfq.h"
 #include "data/screens/record_editor.h"
 #include "growth/screens/frm_elefan1.h"
+#include "growth/screens/frm_gin_methods.h"
 #include "growth/screens/frm_laa_analysis.h"
 #include "growth/screens/frm_lmax.h"
 #include "growth/screens/frm_phi_prime.h"
@@ -20,6 +21,8 @@
 #include "numerics/screens/frm_regress.h"
 #include "selection/screens/frm_probability2.h"
 #include "stock/screens/frm_simulate.h"
+#include "stock/screens/frm_yr_knife.h"
+#include "stock/screens/frm_yr_selection.h"
 #include "widgets/shell_context.h"
 
 namespace norvo::gui {
@@ -48,6 +51,14 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmPaulyM(ctx, parent); }},
         {"frmRikEfa",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmRikEfa(ctx, parent); }},
+        {"frmGulland",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmGulland(ctx, parent);
+         }},
+        {"frmMunro",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmMunro(ctx, parent); }},
+        {"frmFaben",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmFaben(ctx, parent); }},
         {"frmMunro2",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmMunro2(ctx, parent); }},
         {"frmELEFAN1",
@@ -87,6 +98,22 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
         {"frmSimulate",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmSimulate(ctx, parent);
+         }},
+        {"frmYRKnife",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmYRKnife(ctx, parent);
+         }},
+        {"frm2DYRKnife",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new Frm2DYRKnife(ctx, parent);
+         }},
+        {"frmYRSelection",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmYRSelection(ctx, parent);
+         }},
+        {"frm2DYRSelection",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new Frm2DYRSelection(ctx, parent);
          }},
     };
     return factories;

@@ -137,6 +137,18 @@ void PaintCommands(QPainter& painter, const std::vector<DrawCommand>& commands, 
                 painter.drawPolyline(poly);
                 break;
             }
+            case DrawOp::Polygon: {
+                QPolygonF poly;
+                for (const auto& p : c.points) poly << map.point(p.x, p.y);
+                painter.setPen(makePen(c.colour));
+                if (fillStyle == FillStyle::Solid) {
+                    painter.setBrush(ToQColor(fillColour));
+                } else {
+                    painter.setBrush(Qt::NoBrush);
+                }
+                painter.drawPolygon(poly);
+                break;
+            }
             case DrawOp::SetFill:
                 fillColour = c.colour;
                 fillStyle = c.fill;
