@@ -7,6 +7,7 @@
 #include "chart/chart_canvas.h"
 #include "chart/report.h"
 #include "growth/appeldoorn.h"
+#include "growth/increment_plots.h"
 #include "growth/length_at_age.h"
 
 namespace norvo {
@@ -14,7 +15,6 @@ namespace norvo {
 inline constexpr const char* kLaaReportScreen = "frmOutLAA";
 inline constexpr const char* kApReportScreen = "frmOutAppledoorn";
 inline constexpr const char* kLaaResidualTitle = "Residuals";
-inline constexpr const char* kRelativeAgeTitle = "Relative age (year-to)";
 inline constexpr const char* kLooLabel = "Loo";
 inline constexpr int kCurveSteps = 81;
 

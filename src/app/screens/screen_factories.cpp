@@ -2,6 +2,7 @@
 #include "data/screens/frm_import.h"
 #include "data/screens/frm_lfq.h"
 #include "data/screens/record_editor.h"
+#include "growth/screens/frm_appledoorn.h"
 #include "growth/screens/frm_elefan1.h"
 #include "growth/screens/frm_gin_methods.h"
 #include "growth/screens/frm_laa_analysis.h"
@@ -29,6 +30,10 @@ namespace norvo::gui {
 
 const std::map<std::string, ScreenFactory>& ScreenFactories() {
     static const std::map<std::string, ScreenFactory> factories = {
+        {"frmAppledoorn",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmAppledoorn(ctx, parent);
+         }},
         {"frmLAAAnalysis",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmLaaAnalysis(ctx, parent);
