@@ -20,8 +20,16 @@ double NiceTop(double v) {
     return std::max(1.0, std::ceil(v * 1.1));
 }
 
+// "#0.0", or more decimals when the steps of an axis are smaller than a tenth.
+std::string TickPattern(double step) {
+    const int decimals =
+        step > 0 ? std::clamp(1 - static_cast<int>(std::floor(std::log10(step))), 1, 6) : 1;
+    return "#0." + std::string(static_cast<size_t>(decimals), '0');
+}
+
 void DrawFrame(ChartCanvas& canvas, const FitPlotRange& r, const std::string& xTitle,
                const std::string& yTitle, char sep) {
+    const std::string yPattern = TickPattern((r.yMax - r.yMin) / kTicks);
     BeginPercentCanvas(canvas);
     canvas.Line(kLeft, kBottom, kRight, kBottom, kBlack);
     canvas.Line(kLeft, kBottom, kLeft, kTop, kBlack);
@@ -33,7 +41,7 @@ void DrawFrame(ChartCanvas& canvas, const FitPlotRange& r, const std::string& xT
         const double uy = kBottom - k * (kBottom - kTop) / kTicks;
         canvas.Line(kLeft - 1, uy, kLeft, uy, kBlack);
         const std::string label =
-            FormatLocal(r.yMin + k * (r.yMax - r.yMin) / kTicks, kTickPattern, sep);
+            FormatLocal(r.yMin + k * (r.yMax - r.yMin) / kTicks, yPattern, sep);
         canvas.SetFont({kPlotFontFace, kKindALabelSize});
         canvas.MoveTo(
             kLeft - 2 - EstimatedTextWidthPoints(kKindALabelSize, label) * canvas.PointsToUserX(1),

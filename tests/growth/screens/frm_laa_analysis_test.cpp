@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTabWidget>
 #include <cstdlib>
 
 #include "growth/growth_fit_plot.h"
@@ -73,6 +74,8 @@ TEST_F(FrmLaaTest, FitsTheActiveFileAndShowsEstimatesPlotsAndRemarks) {
     EXPECT_TRUE(PlotHas(f.residualPlot(), kLaaResidualTitle));
     EXPECT_TRUE(f.cmdLAA(2)->isEnabled());
     Shot(&f, "laa_fit");
+    f.tabs()->setCurrentIndex(1);
+    Shot(&f, "laa_residuals");
 }
 
 TEST_F(FrmLaaTest, WeightsQuestionRefusalsAndSmallFiles) {
