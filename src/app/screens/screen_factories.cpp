@@ -5,8 +5,10 @@
 #include "data/screens/frm_scenario.h"
 #include "data/screens/frm_spc.h"
 #include "data/screens/record_editor.h"
+#include "growth/screens/frm_appledoorn.h"
 #include "growth/screens/frm_elefan1.h"
 #include "growth/screens/frm_gin_methods.h"
+#include "growth/screens/frm_laa_analysis.h"
 #include "growth/screens/frm_lmax.h"
 #include "growth/screens/frm_phi_prime.h"
 #include "growth/screens/frm_vbgf_plot.h"
@@ -39,6 +41,14 @@ namespace norvo::gui {
 
 const std::map<std::string, ScreenFactory>& ScreenFactories() {
     static const std::map<std::string, ScreenFactory> factories = {
+        {"frmAppledoorn",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmAppledoorn(ctx, parent);
+         }},
+        {"frmLAAAnalysis",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmLaaAnalysis(ctx, parent);
+         }},
         {"frmLmax",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmLmax(ctx, parent); }},
         {"frmPhiPrime",
