@@ -62,6 +62,9 @@ int main(int argc, char** argv) {
     InstallInterruptFlag();
     try {
         app.parse(argc, argv);
+    } catch (const CLI::RuntimeError& e) {
+        // A command that ends on purpose with its own code (a refusal whose output is printed).
+        return e.get_exit_code();
     } catch (const CLI::ParseError& e) {
         // Help and version are not errors; every usage error has the one documented code.
         const int code = app.exit(e);

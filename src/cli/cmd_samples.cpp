@@ -67,7 +67,7 @@ std::vector<int> SampleList(const std::string& text) {
 void CheckDestination(const ToolArgs& a) {
     if (!a.overwrite && FileExists(a.destination))
         throw Refusal(kExistsTitle, "Not overwriting the existing file " + a.destination +
-                                        " (give --overwrite to replace it)");
+                                        " (give --force to replace it)");
 }
 
 void PrintTable(Context& ctx, const SampleFileRun& run, const std::string& path) {
@@ -113,7 +113,7 @@ CLI::App* AddTool(CLI::App& app, const char* name, const char* help,
         cmd->add_option("SOURCE", a->sources[0], "Source file (.lfq)")->required();
     }
     cmd->add_option("OUT", a->destination, "The new file (.lfq)")->required();
-    cmd->add_flag("--overwrite", a->overwrite, "Replace OUT when it exists");
+    cmd->add_flag("--force", a->overwrite, "Replace OUT when it exists");
     return cmd;
 }
 

@@ -34,7 +34,8 @@ void YprSurfaceScreen::build() {
 
     side_ = new QVBoxLayout;
     boxes_ = new QGridLayout;
-    mk_ = new QLineEdit("1.00", this);
+    mk_ = new QLineEdit(this);
+    SetBoxNumber(mk_, 1.0, "0.00");
     mk_->setObjectName("txtYRKnife");
     boxes_->addWidget(new QLabel("M/K :", this), 0, 0);
     boxes_->addWidget(mk_, 0, 1);

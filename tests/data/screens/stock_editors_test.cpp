@@ -14,6 +14,7 @@
 #include "data/species_files.h"
 #include "data/store_routines.h"
 #include "support/lfq_fixtures.h"
+#include "support/locale_text.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/data_grid.h"
@@ -62,9 +63,9 @@ TEST_F(StockEditorsTest, SpeciesEditorShowsAndSavesTheThreeTables) {
     const std::string path = speciesFile("a.spc", "Bream");
     auto e = editorOn<FrmSpc>(path);
     EXPECT_EQ(e->box(0)->text(), "Bream");
-    EXPECT_EQ(e->box(3)->text(), "2.00");
+    EXPECT_EQ(e->box(3)->text(), test::Local("2.00"));
     EXPECT_EQ(e->grid()->maxRows(), 3);
-    e->box(9)->setText("0.75");
+    e->box(9)->setText(test::Local("0.75"));
     e->grid()->setValue(1, 2, 4.5);
     e->SaveFile();
     const auto r = ReadSpeciesFile(path);
@@ -132,7 +133,7 @@ TEST_F(StockEditorsTest, ScenarioMembersSelectionCatchesAndRemoval) {
     auto again = editorOn<FrmScenario>(path);
     again->speciesCombo()->setCurrentIndex(0);
     again->fleetCombo()->setCurrentIndex(0);
-    EXPECT_EQ(again->selectionBox(1)->text(), "15.00");
+    EXPECT_EQ(again->selectionBox(1)->text(), test::Local("15.00"));
     EXPECT_EQ(again->catches()->value(1, 1), 7.5);
     if (const char* shots = std::getenv("NORVO_SHOTS")) {
         again->pages()->setCurrentIndex(2);

@@ -11,6 +11,7 @@
 
 #include "growth/appeldoorn.h"
 #include "support/growth_fit_fixtures.h"
+#include "support/locale_text.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/plot_view.h"
@@ -39,8 +40,8 @@ TEST_F(FrmAppledoornTest, ComputesFromTheMatrixAndFillsTheSummary) {
     FrmAppledoorn f(ctx);
     EXPECT_TRUE(dialogs.shown.empty());
     EXPECT_EQ(f.tabs()->tabText(0), kApParametersTab);
-    EXPECT_EQ(f.txtParam(0)->text(), "81.00");  // the largest tagged length
-    EXPECT_EQ(f.txtParam(3)->text(), "0.01");
+    EXPECT_EQ(f.txtParam(0)->text(), test::Local("81.00"));  // the largest tagged length
+    EXPECT_EQ(f.txtParam(3)->text(), test::Local("0.01"));
     f.computeButton()->click();
     ASSERT_EQ(dialogs.shown.size(), 1u);
     EXPECT_EQ(dialogs.shown[0].title, kApSuccessTitle);

@@ -18,6 +18,7 @@
 #include "modal/screens/frm_normsep_simplex.h"
 #include "mortality/make_lfq.h"
 #include "support/lfq_fixtures.h"
+#include "support/locale_text.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/plot_view.h"
@@ -128,7 +129,7 @@ TEST_F(ModalRoad, NormsepRefusesMissingMeansThenSeparates) {
     screen.grid()->item(1, 1)->setText("36");
     screen.command(1)->click();
     ASSERT_TRUE(screen.hasResult());
-    EXPECT_NEAR(screen.grid()->item(0, 2)->text().toDouble(), 18, 0.05);
+    EXPECT_NEAR(QString(screen.grid()->item(0, 2)->text()).replace(',', '.').toDouble(), 18, 0.05);
     EXPECT_EQ(screen.grid()->item(0, 5)->text().toStdString(), "n.a.");
     Shot(&screen, "normsep");
     dialogs.answers = {Answer::Yes, Answer::Yes};  // create; go on to sample 2
@@ -156,7 +157,8 @@ TEST_F(ModalRoad, LinkingClicksRefusalsAndSave) {
     s.points = ReadMSD(msd)->rows;
     const auto pts = LinkPointPositions(s.points);
     screen.hoverPlot(pts[1].x, pts[1].y);
-    EXPECT_EQ(screen.hint()->text().toStdString(), "Click to start a series at 1/1/2001, 10.00.");
+    EXPECT_EQ(screen.hint()->text().toStdString(),
+              "Click to start a series at 1/1/2001, " + test::LocalStd("10.00") + ".");
     screen.clickPlot(pts[1].x, pts[1].y);
     screen.clickPlot(pts[2].x, pts[2].y);  // same date: refused
     EXPECT_EQ(dialogs.last().text, "Linking of means to earlier or equal dates is not allowed.");

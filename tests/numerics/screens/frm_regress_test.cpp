@@ -12,6 +12,7 @@
 #include "chart/regress_plot.h"
 #include "numerics/regression_tool.h"
 #include "numerics/text_convert.h"
+#include "support/locale_text.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "support/xyf_fixtures.h"
@@ -71,8 +72,8 @@ TEST_F(FrmRegressTest, OpensTheActiveFileWithTheStraightLine) {
     // in their patterns.
     f.pickForm(kFormLogLog);
     EXPECT_EQ(f.cmbRegress()->currentIndex(), kFormLogLog);
-    EXPECT_EQ(f.txtRegress(3)->text(), "2.8970");
-    EXPECT_EQ(f.txtRegress(5)->text(), "0.999");
+    EXPECT_EQ(f.txtRegress(3)->text(), test::Local("2.8970"));
+    EXPECT_EQ(f.txtRegress(5)->text(), test::Local("0.999"));
     const auto texts = PlotTexts(f);
     EXPECT_NE(std::find(texts.begin(), texts.end(), "log(Weight (g))"), texts.end());
     EXPECT_NE(std::find(texts.begin(), texts.end(), "log(Length (cm))"), texts.end());

@@ -18,6 +18,7 @@
 #include "selection/screens/frm_gill_net.h"
 #include "selection/screens/frm_recruit.h"
 #include "support/lfq_fixtures.h"
+#include "support/locale_text.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/plot_view.h"
@@ -79,7 +80,7 @@ TEST_F(Screens, GillnetChecksCurvesAndFiles) {
     f.command(0)->click();
     ASSERT_NE(f.run(), nullptr);
     EXPECT_EQ(f.tabs()->currentIndex(), 1);
-    EXPECT_EQ(f.result(2)->text(), "8.00");
+    EXPECT_EQ(f.result(2)->text(), test::Local("8.00"));
     EXPECT_FALSE(f.plot(1)->canvas().commandsOf(DrawOp::Polyline).empty());
     const double normalLA = f.run()->lA;
     Shot(&f, "gillnet_plot");
@@ -115,7 +116,7 @@ TEST_F(Screens, RecruitmentBarsTableAndGroups) {
     f.command(2)->click();
     ASSERT_NE(f.run(), nullptr);
     EXPECT_EQ(f.tabs()->currentIndex(), 1);
-    EXPECT_EQ(f.table()->item(0, 1)->text(), "0.00");
+    EXPECT_EQ(f.table()->item(0, 1)->text(), test::Local("0.00"));
     EXPECT_EQ(f.table()->item(0, 0)->text().toStdString(), f.run()->labels[1]);
     EXPECT_EQ(f.table()->horizontalHeaderItem(0)->text(), kRcRelativeTimeColumn);
     // One bar for each month above the lowest (the page's white box aside).

@@ -14,6 +14,7 @@
 #include "stock/vpa_age.h"
 #include "stock/vpa_length.h"
 #include "support/lfq_fixtures.h"
+#include "support/locale_text.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/plot_view.h"
@@ -55,9 +56,9 @@ TEST(FrmVpa2, ComputesAdjustsPlusGroupsPicksTerminalFAndSavesSpecies) {
     c.settings.setRunTime("LastK", "0.4");
     FrmVpa2 form(c.ctx);
     EXPECT_EQ(form.param(5)->text(), "66");
-    EXPECT_EQ(form.param(1)->text(), "0.0001");
-    form.param(3)->setText("0.3");
-    form.param(4)->setText("0.5");
+    EXPECT_EQ(form.param(1)->text(), test::Local("0.0001"));
+    form.param(3)->setText(test::Local("0.3"));
+    form.param(4)->setText(test::Local("0.5"));
     form.param(7)->setText("1");
     form.command(0)->click();
     ASSERT_TRUE(form.result());
@@ -65,7 +66,7 @@ TEST(FrmVpa2, ComputesAdjustsPlusGroupsPicksTerminalFAndSavesSpecies) {
     EXPECT_EQ(c.dialogs.shown[0].text, kVpaPlusAdjustedText);
     EXPECT_EQ(form.param(7)->text(), "2");
     EXPECT_EQ(form.table()->rowCount(), 7);
-    EXPECT_EQ(Cell(form.table(), 0, 0), "15.00");
+    EXPECT_EQ(Cell(form.table(), 0, 0), test::Local("15.00"));
     EXPECT_EQ(form.table()->horizontalHeaderItem(4)->text(), "Steady-state Biomass (tonnes)");
     Shot(form, "frmVPA2");
 
@@ -76,7 +77,7 @@ TEST(FrmVpa2, ComputesAdjustsPlusGroupsPicksTerminalFAndSavesSpecies) {
     form.pressPlot(20 + 4.5 * w, 85 - 77.0 / 2);  // half way up an F axis topped at 1 or more
     EXPECT_EQ(form.param(7)->text(), "3");
     EXPECT_EQ(form.result()->nUsed, 4);
-    EXPECT_NE(form.param(4)->text(), "0.5");
+    EXPECT_NE(form.param(4)->text(), test::Local("0.5"));
 
     // Ft of 0 is refused with nothing shown.
     form.param(4)->setText("0");
@@ -85,7 +86,7 @@ TEST(FrmVpa2, ComputesAdjustsPlusGroupsPicksTerminalFAndSavesSpecies) {
     EXPECT_FALSE(form.result());
     EXPECT_FALSE(form.command(3)->isEnabled());
 
-    form.param(4)->setText("0.5");
+    form.param(4)->setText(test::Local("0.5"));
     form.command(0)->click();
     const std::string spc = dir.file("out.spc");
     c.dialogs.saveAnswers.push_back(spc);
@@ -117,10 +118,10 @@ TEST(FrmVpa1, LoadsTheActiveFileAndRefusesBadIntervals) {
     FrmVpa1 form(c.ctx);
     ASSERT_TRUE(form.result());
     EXPECT_EQ(form.table()->rowCount(), 4);
-    EXPECT_EQ(Cell(form.table(), 3, 3), "0.5000");
+    EXPECT_EQ(Cell(form.table(), 3, 3), test::Local("0.5000"));
     Shot(form, "frmVPA1");
 
-    form.param(2)->setText("1.5");
+    form.param(2)->setText(test::Local("1.5"));
     form.command(0)->click();
     EXPECT_EQ(c.dialogs.shown.back().text, kVpaDtLimitsText);
     EXPECT_FALSE(form.result());

@@ -15,6 +15,7 @@
 #include "stock/relative_ypr_knife.h"
 #include "stock/screens/frm_yr_knife.h"
 #include "stock/screens/frm_yr_selection.h"
+#include "support/locale_text.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/data_grid.h"
@@ -58,7 +59,7 @@ void Shot(QWidget& w, const char* name) {
 TEST(FrmYRKnife, SurfaceOptionsSpinAndReadouts) {
     Fixture f;
     FrmYRKnife form(f.ctx);
-    EXPECT_EQ(form.mkBox()->text(), "1.00");
+    EXPECT_EQ(form.mkBox()->text(), test::Local("1.00"));
     ASSERT_EQ(form.grid().rows(), 10);
     ASSERT_EQ(form.grid().cols(), 10);
     float e = 0.5f;
@@ -95,8 +96,8 @@ TEST(FrmYRKnife, SurfaceOptionsSpinAndReadouts) {
     EXPECT_EQ(form.grid().rows(), 10);
     EXPECT_TRUE(f.dialogs.shown.empty());
 
-    form.mkBox()->setText("1.00");
-    Q_EMIT form.mkBox()->textEdited("1.00");
+    form.mkBox()->setText(test::Local("1.00"));
+    Q_EMIT form.mkBox()->textEdited(test::Local("1.00"));
     for (int i = 1; i < 4; ++i) form.check(i)->setChecked(true);
     form.option(0)->setChecked(true);
     form.check(2)->setChecked(false);
@@ -108,16 +109,16 @@ TEST(FrmYRKnife, SurfaceOptionsSpinAndReadouts) {
 TEST(Frm2DYRKnife, OpensAtPointZeroFiveAndForcesItsBoxes) {
     Fixture f;
     FrmYRKnife form(f.ctx);
-    form.mkBox()->setText("2.00");
-    Q_EMIT form.mkBox()->textEdited("2.00");
+    form.mkBox()->setText(test::Local("2.00"));
+    Q_EMIT form.mkBox()->textEdited(test::Local("2.00"));
     form.command2D()->click();
     ASSERT_TRUE(f.knife2D);
     Frm2DYRKnife& two = *f.knife2D;
-    EXPECT_EQ(two.box(0)->text(), "0.050");
-    EXPECT_EQ(two.box(1)->text(), "2.000");
+    EXPECT_EQ(two.box(0)->text(), test::Local("0.050"));
+    EXPECT_EQ(two.box(1)->text(), test::Local("2.000"));
     EXPECT_FLOAT_EQ(two.yPrimeMax(), YPrimeMaxFromSurface(2));
     const KnifeAnalysis a = AnalyseKnife(2, 0.05f);
-    EXPECT_EQ(two.box(4)->text(), QString::fromStdString(Format(a.eMax, "#0.000")));
+    EXPECT_EQ(two.box(4)->text(), QString::fromStdString(test::LocalStd(Format(a.eMax, "#0.000"))));
 
     two.box(0)->setText("x");
     two.leaveRatio();
@@ -125,22 +126,22 @@ TEST(Frm2DYRKnife, OpensAtPointZeroFiveAndForcesItsBoxes) {
     EXPECT_EQ(f.dialogs.shown[0].text, kInvalidNumber);
     two.box(0)->setText("2");
     two.leaveRatio();
-    EXPECT_EQ(two.box(0)->text(), "0.999");
+    EXPECT_EQ(two.box(0)->text(), test::Local("0.999"));
     EXPECT_EQ(two.scrollBar()->value(), 999);
     two.scrollBar()->setValue(300);
-    EXPECT_EQ(two.box(0)->text(), "0.300");
+    EXPECT_EQ(two.box(0)->text(), test::Local("0.300"));
     EXPECT_FLOAT_EQ(two.ratio(), 0.3f);
 
     // The forced M/K itself goes on: 0.0001 shows as "0.000" but is not zero.
     two.box(1)->setText("0");
     two.leaveMk();
-    EXPECT_EQ(two.box(1)->text(), "0.000");
+    EXPECT_EQ(two.box(1)->text(), test::Local("0.000"));
     EXPECT_FLOAT_EQ(two.mk(), 0.0001f);
     EXPECT_FLOAT_EQ(two.yPrimeMax(), FindYPrimeMaxKnife(0.0001f));
 
     // Every opening starts over at 0.05.
     form.command2D()->click();
-    EXPECT_EQ(two.box(0)->text(), "0.050");
+    EXPECT_EQ(two.box(0)->text(), test::Local("0.050"));
     EXPECT_EQ(f.dialogs.shown.size(), 1u);
     Shot(two, "frm2DYRKnife");
 }
@@ -162,9 +163,9 @@ TEST(FrmYRSelection, LoadsATableAndHandsItToTheTwoDScreen) {
     f.dialogs.openAnswers.push_back(path);
     form.commandLoad()->click();
     EXPECT_EQ(form.table()->rowCount(), 12);
-    EXPECT_EQ(form.selectionBox(0)->text(), "15.33");
-    EXPECT_EQ(form.selectionBox(1)->text(), "17.50");
-    EXPECT_EQ(form.looBox()->text(), "33.60");
+    EXPECT_EQ(form.selectionBox(0)->text(), test::Local("15.33"));
+    EXPECT_EQ(form.selectionBox(1)->text(), test::Local("17.50"));
+    EXPECT_EQ(form.looBox()->text(), test::Local("33.60"));
     EXPECT_TRUE(form.command2D()->isEnabled());
     EXPECT_EQ(form.grid().rows(), 20);
     EXPECT_TRUE(f.dialogs.shown.empty());
@@ -173,14 +174,14 @@ TEST(FrmYRSelection, LoadsATableAndHandsItToTheTwoDScreen) {
     form.command2D()->click();
     ASSERT_TRUE(f.ogive2D);
     Frm2DYRSelection& two = *f.ogive2D;
-    EXPECT_EQ(two.box(0)->text(), "0.050");
-    EXPECT_EQ(two.looBox()->text(), "33.60");
+    EXPECT_EQ(two.box(0)->text(), test::Local("0.050"));
+    EXPECT_EQ(two.looBox()->text(), test::Local("33.60"));
     EXPECT_FALSE(two.box(2)->text().isEmpty());
     two.looBox()->setText("50");
     two.leaveLoo();
-    EXPECT_EQ(two.looBox()->text(), "50.00");
+    EXPECT_EQ(two.looBox()->text(), test::Local("50.00"));
     two.scrollBar()->setValue(450);
-    EXPECT_EQ(two.box(0)->text(), "0.450");
+    EXPECT_EQ(two.box(0)->text(), test::Local("0.450"));
     EXPECT_TRUE(f.dialogs.shown.empty());
     Shot(two, "frm2DYRSelection");
 
