@@ -109,4 +109,10 @@ std::string Format(double x, std::string_view pattern) {
     return FormatLocal(x, pattern, '.');
 }
 
+std::string FormatSingle(float x) {
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%.7g", static_cast<double>(x));
+    return buf;
+}
+
 }  // namespace norvo

@@ -15,4 +15,8 @@ std::string Format(double x, std::string_view pattern);
 // As Format, with the given decimal separator (the locale's) in place of '.'.
 std::string FormatLocal(double x, std::string_view pattern, char decimalSeparator);
 
+// A 32-bit value as the classic default conversion shows it: up to 7 significant digits, no
+// trailing zeros ("39.375", "10", "0.01").
+std::string FormatSingle(float x);
+
 }  // namespace norvo

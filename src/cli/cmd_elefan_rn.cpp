@@ -21,6 +21,7 @@ struct RnOptions {
 
 void RunRn(Context& ctx, const RnOptions& o) {
     const LfqData data = ctx.read(ReadLFQ(o.path));
+    ctx.take(CheckElefanFile(data));
     const ElefanModel model = RestructureElefan(ElefanInputFromLfq(data));
 
     GrowthParams p;

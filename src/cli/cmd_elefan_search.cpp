@@ -13,6 +13,7 @@
 #include "cli/cmd_elefan.h"
 #include "data/lfq_file.h"
 #include "growth/elefan.h"
+#include "growth/elefan_lfq.h"
 #include "growth/elefan_search.h"
 #include "growth/elefan_search_engine.h"
 #include "growth/elefan_search_plot.h"
@@ -57,6 +58,7 @@ struct Loaded {
 
 Loaded Load(Context& ctx, const Common& o) {
     const LfqData data = ctx.read(ReadLFQ(o.path));
+    ctx.take(CheckElefanFile(data));
     Loaded l;
     l.scorer = MakeElefanScorer(data);
     l.rn =

@@ -1,8 +1,6 @@
 #include "growth/elefan.h"
 
-#include <charconv>
 #include <cmath>
-#include <string>
 
 #include "base/basic.h"
 #include "base/checked.h"
@@ -30,8 +28,10 @@ Neighbours NeighboursOf(int j, int n) {
     return nb;
 }
 
-// Steps 2 to 7 on one compact row a[0..n] (a[0] = 0 on entry); returns the row's peak sum.
-float RestructureRow(std::vector<float>& a, int n) {
+// Steps 2 to 7 on one compact row a[0..n] (a[0] = 0 on entry). Each peak's top is added to
+// `asp`, the one running 32-bit sum over all rows: a walk that earns every top in the same
+// order then gives ESP = ASP to the bit, and Rn = 1.000.
+void RestructureRow(std::vector<float>& a, int n, float& asp) {
     // Ratio of each cell to the moving average of five, always divided by 5.
     std::vector<float> ratio(static_cast<size_t>(n) + 1, 0.0f);
     for (int j = 1; j <= n; ++j) {
@@ -74,7 +74,6 @@ float RestructureRow(std::vector<float>& a, int n) {
         if (a[j] < 0 && a[j] != -1) a[j] = R4(a[j] * -q);
     }
     // Peaks: each run of positive cells counts its highest value.
-    float asp = 0;
     int j = 1;
     while (j <= n) {
         if (a[j] > 0) {
@@ -97,7 +96,6 @@ float RestructureRow(std::vector<float>& a, int n) {
             ++j;
         }
     }
-    return asp;
 }
 
 }  // namespace
@@ -182,7 +180,7 @@ ElefanModel RestructureElefan(const ElefanInput& in) {
         auto& a = compact[s];
         a.assign(static_cast<size_t>(n) + 1, 0.0f);
         for (int j = 1; j <= n; ++j) a[j] = in.frequency(s, c + j - 1);
-        asp = R4(static_cast<double>(asp) + RestructureRow(a, n));
+        RestructureRow(a, n, asp);
     }
     m.asp_ = asp;
 
@@ -331,10 +329,7 @@ StartingPoint DefaultStartingPoint(const ElefanModel& m, float loo) {
 }
 
 float DefaultKScanLoo(double largestMid) {
-    const std::string text = Format(largestMid * 1.05, "0.00");
-    double v = 0;
-    std::from_chars(text.data(), text.data() + text.size(), v);
-    return R4(v);
+    return R4(static_cast<double>(R4(largestMid)) * 1.05);
 }
 
 float DefaultKScanLoo(const ElefanModel& model) {

@@ -131,8 +131,8 @@ struct StartingPoint {
 // The proposed starting point: the highest point of the table below 95% of Loo.
 StartingPoint DefaultStartingPoint(const ElefanModel& model, float loo);
 
-// The Loo that the K-scan field proposes: the largest midlength times 1.05, as shown with two
-// decimals and read back as a 32-bit float.
+// The Loo that the K-scan field proposes: the largest midlength (32-bit) times 1.05, stored as a
+// 32-bit float; the field shows that value as it is (39.375, not 39.38).
 float DefaultKScanLoo(double largestMid);
 float DefaultKScanLoo(const ElefanModel& model);
 

@@ -1,13 +1,12 @@
 #pragma once
 // The values that the fields of the ELEFAN I screen take when a file is loaded, each with the
-// pattern its field shows it in.
+// pattern its field shows it in; a field without a pattern shows the 32-bit value as it is.
 #include "growth/shown_number.h"
 
 namespace norvo {
 
 struct ElefanDefaults {
-    // Lmax: the largest midlength as the General tab shows it (two decimals), read back as a
-    // 32-bit float.
+    // Lmax: the largest midlength as a 32-bit float, as the General tab shows it.
     float lmax = 0;
     ShownNumber surfaceLooFrom;  // Int(Lmax / 2)
     ShownNumber surfaceLooTo;    // Int(Lmax * 1.5) + 1

@@ -5,6 +5,15 @@
 
 namespace norvo {
 
+Outcome CheckElefanFile(const LfqData& data) {
+    Outcome o;
+    for (const auto& row : data.freq)
+        for (double f : row)
+            if (f != 0) return o;
+    o.refuse(kElefanNoFishText, kInvalidDataTitle);
+    return o;
+}
+
 ElefanInput ElefanInputFromLfq(const LfqData& data) {
     ElefanInput in;
     in.nS = data.noOfSamples;

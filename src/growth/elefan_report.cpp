@@ -71,7 +71,7 @@ Elefan1ReportInfo MakeElefan1ReportInfo(const std::optional<ElefanFileInfo>& fil
         info.speciesName = file->speciesName;
         info.otherIdentifier = file->otherIdentifier;
         info.classSize = Format(file->classSize, "0.00");
-        info.largestClassSize = Format(file->largestClassSize, "0.00");
+        info.largestClassSize = FormatSingle(static_cast<float>(file->largestClassSize));
         info.unit = file->unit;
     }
     info.amplitude = ParameterText(c);

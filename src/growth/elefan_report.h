@@ -32,7 +32,7 @@ struct ElefanFileInfo {
     std::string fileName;  // the path's last part
     std::string speciesName, otherIdentifier, unit;
     double classSize = 0;         // shown "0.00"
-    double largestClassSize = 0;  // the largest midlength, shown "0.00"
+    double largestClassSize = 0;  // the largest midlength, shown as its 32-bit value
 };
 ElefanFileInfo ElefanFileInfoOf(const std::string& path, const LfqData& data);
 

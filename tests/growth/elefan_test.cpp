@@ -163,14 +163,16 @@ TEST_F(GoldenFile, WalksLeaveTheTableAsFoundAndRunInParallel) {
 }
 
 TEST_F(GoldenFile, DefaultStartingPoint) {
-    // Lmax 24 * 1.05 shown as "25.20". The highest point below 0.95 * Loo is sample 1 class 3;
+    // Lmax 24 * 1.05 = 25.2. The highest point below 0.95 * Loo is sample 1 class 3;
     // its length counts from the sample's own first class: 12 + 3 * 2 - 2 = 16.
     const float loo = DefaultKScanLoo(model);
     EXPECT_EQ(loo, 25.2f);
     const StartingPoint sp = DefaultStartingPoint(model, loo);
     EXPECT_EQ(sp.ss, 1.0f);
     EXPECT_EQ(sp.sl, 16.0f);
-    EXPECT_EQ(DefaultKScanLoo(33.333), 35.0f);  // 34.99965 shows as "35.00"
+    // The 32-bit product as it is, not rounded to two decimals.
+    EXPECT_EQ(DefaultKScanLoo(33.333), R4(static_cast<double>(33.333f) * 1.05));
+    EXPECT_EQ(DefaultKScanLoo(37.5), 39.375f);
 }
 
 TEST_F(GoldenFile, ParameterFaults) {
@@ -306,6 +308,61 @@ TEST(Walk, EdgesAtAndBelowZero) {
     EXPECT_EQ(FaultNumber([&] { ComputeRn(below, p, s1); }), 6);
     // The scratch is usable again after the fault.
     EXPECT_EQ(ComputeRn(zero, p, s0), ComputeRn(zero, p, s0));
+}
+
+// Samples of one date made of lone spikes in classes of 1 from 5, each spike where a cohort of
+// the curve below crosses: the curve hits every peak, at its top, in the order the peaks were
+// found. Sample s holds the cohorts whose bits are set in masks[s - 1].
+GrowthParams SpikeCurve() {
+    GrowthParams p;
+    p.loo = 200;
+    p.k = 0.4f;
+    p.ss = 1;
+    p.sl = 30.25f;
+    return p;
+}
+
+ElefanInput SpikeFile(const std::vector<unsigned>& masks) {
+    const GrowthParams p = SpikeCurve();
+    const float t = SampleTime(15, 3);
+    const float t0 = GrowthT0(p.sl, t, p);
+    // Cohort lengths from the first above the lowest edge, a year apart.
+    float at = t;
+    while (GrowthLength(at, p, t0) > 5) at = R4(at - 1.0);
+    std::vector<int> classes;
+    for (float L = GrowthLength(at = R4(at + 1.0), p, t0); L < 150;
+         L = GrowthLength(at = R4(at + 1.0), p, t0))
+        classes.push_back(static_cast<int>(std::floor(L - 5)) + 1);
+    std::vector<std::vector<float>> rows;
+    std::vector<std::array<int16_t, 2>> dates;
+    for (unsigned mask : masks) {
+        std::vector<float> row(150, 0.0f);
+        for (size_t c = 0; c < classes.size(); ++c)
+            if (mask & (1u << c)) row[static_cast<size_t>(classes[c]) - 1] = 3;
+        rows.push_back(row);
+        dates.push_back({15, 3});
+    }
+    return MakeInput(5.5f, 1, rows, dates);
+}
+
+TEST(Walk, ACurveThroughEveryPeakScoresExactlyOne) {
+    const std::vector<unsigned> masks = {0x3u, 0x3u, 0xbu};  // 2, 2 and 3 peaks
+    const ElefanModel m = RestructureElefan(SpikeFile(masks));
+    ElefanScratch scratch(m);
+    float esp = 0;
+    EXPECT_EQ(ComputeRn(m, SpikeCurve(), scratch, &esp), 1.0f);
+    EXPECT_EQ(esp, m.asp());
+    // Summed sample by sample, the same peaks make a different ASP, and the perfect fit would
+    // score 1.001: the file tells the two sums apart.
+    float bySample = 0;
+    for (int s = 1; s <= m.nS(); ++s) {
+        float sub = 0;
+        for (int k = 1; k <= m.nC(); ++k)
+            if (m.pointsMaster(s, k) > 0) sub = R4(static_cast<double>(sub) + m.pointsMaster(s, k));
+        bySample = R4(static_cast<double>(bySample) + sub);
+    }
+    EXPECT_NE(bySample, m.asp());
+    EXPECT_EQ(ElefanScore(esp, bySample), 1.001f);
 }
 
 TEST(Walk, MonthOutOfRangeFaultsWhenScored) {

@@ -22,7 +22,7 @@ void ElefanGeneralPage::showFile(const ElefanFileInfo& file) {
     fields_[1]->setText(QString::fromStdString(file.speciesName));
     fields_[2]->setText(QString::fromStdString(file.otherIdentifier));
     SetBoxNumber(fields_[3], file.classSize, "0.00");
-    SetBoxNumber(fields_[4], file.largestClassSize, "0.00");
+    fields_[4]->setText(SingleText(static_cast<float>(file.largestClassSize)));
     fields_[5]->setText(QString::fromStdString(file.unit));
 }
 

@@ -52,7 +52,11 @@ QComboBox* MakeStartList(QWidget* parent, const QString& name) {
 }
 
 void ShowNumber(QLineEdit* field, const ShownNumber& n) {
-    SetBoxNumber(field, n.value, n.pattern);
+    if (n.pattern.empty()) {
+        field->setText(SingleText(static_cast<float>(n.value)));
+    } else {
+        SetBoxNumber(field, n.value, n.pattern);
+    }
 }
 
 void ShowBest(const ResultFields& fields, const ElefanBest& best) {

@@ -11,6 +11,7 @@
 
 #include "data/file_kind.h"
 #include "growth/elefan_defaults.h"
+#include "growth/elefan_lfq.h"
 #include "growth/screens/elefan_general_page.h"
 #include "growth/screens/elefan_kscan_page.h"
 #include "growth/screens/elefan_search_page.h"
@@ -146,6 +147,7 @@ void FrmElefan1::Initialize(const std::string& path) {
     ctx_.session.readLfq(path, ctx_.dialogs);
     if (ctx_.session.fileReadFailed) return;
     const LfqData& d = ctx_.session.lfqData;
+    if (!ShowNotices(CheckElefanFile(d), ctx_.dialogs)) return;
     path_ = path;
     shared_.file = ElefanFileInfoOf(path, d);
     general_->showFile(*shared_.file);

@@ -15,7 +15,9 @@
 #include <fstream>
 
 #include "base/format.h"
+#include "growth/elefan_lfq.h"
 #include "growth/elefan_search_plot.h"
+#include "support/lfq_fixtures.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
@@ -51,9 +53,11 @@ TEST_F(FrmElefan1Test, LoadsTheLastActiveFileWithItsDefaults) {
     EXPECT_EQ(f->tabs()->tabText(0), "&General");
     EXPECT_EQ(f->tabs()->tabText(3), "&Automatic Search");
     EXPECT_EQ(Text(f->txtELEFAN1(0)), "Simull01.LFQ");
-    const double lmax = std::stod(Text(f->txtELEFAN1(4)));
-    EXPECT_EQ(Text(f->txtLoo(2)), Format(lmax * 1.05, "0.00"));
-    EXPECT_EQ(Text(f->txtLoo(0)), Format(static_cast<int>(lmax / 2), "0.00"));
+    // Fields without a pattern show the 32-bit value: Loo 39.375, not 39.38.
+    EXPECT_EQ(Text(f->txtELEFAN1(4)), "37.5");
+    EXPECT_EQ(Text(f->txtLoo(2)), "39.375");
+    EXPECT_EQ(Text(f->txtLoo(3)), "39.375");
+    EXPECT_EQ(Text(f->txtLoo(0)), "18.00");
     EXPECT_EQ(Text(f->txtK(1)), "10");
     EXPECT_EQ(Text(f->txtLoo(4)), "0.10");
     EXPECT_EQ(f->txtSS()->count(), session.lfqData.noOfSamples);
@@ -73,7 +77,7 @@ TEST_F(FrmElefan1Test, KScanResultsTrendLinePlotAndClearing) {
     f->cmdELEFAN1(0);
     ASSERT_TRUE(f->kscanResult());
     for (int i = 6; i <= 12; ++i) EXPECT_FALSE(f->txtELEFAN1(i)->text().isEmpty()) << i;
-    EXPECT_EQ(Text(f->txtELEFAN1(6)), Text(f->txtLoo(2)));
+    EXPECT_EQ(Text(f->txtELEFAN1(6)), "39.38");  // the result field's own pattern
     EXPECT_GT(CountOps(f->kscanCanvas(), DrawOp::Polyline, kRed), 0);
 
     f->chkELEFAN1()->setChecked(true);
@@ -171,6 +175,19 @@ TEST_F(FrmElefan1Test, SurfaceGridBandsWarningAndClearing) {
 
     f->txtK(1)->setText("3");
     EXPECT_EQ(g->item(21, 21), nullptr);
+}
+
+TEST_F(FrmElefan1Test, AFileWithoutFishIsRefusedOnLoading) {
+    test::TempDir dir;
+    file = test::MakeLfqFile(dir.file("none.lfq"), test::LfqHeaderOf("x", "cm", 5, 1),
+                             test::MonthlySamples(2, 15, 2001), {{0, 0}, {0, 0}, {0, 0}, {0, 0}});
+    auto f = Open();
+    EXPECT_EQ(dialogs.last().text, kElefanNoFishText);
+    EXPECT_EQ(dialogs.last().title, "Invalid Data");
+    EXPECT_EQ(f->txtSS()->count(), 0);
+    f->tabs()->setCurrentIndex(1);
+    f->cmdELEFAN1(0);  // nothing loaded: nothing to run
+    EXPECT_FALSE(f->kscanResult());
 }
 
 TEST_F(FrmElefan1Test, AutomaticSearchTableAndRefusal) {
