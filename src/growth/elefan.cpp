@@ -268,15 +268,23 @@ float ElefanScore(float esp, float asp) {
     return R4(std::floor((static_cast<double>(r) + 0.0005) * 1000) / 1000);
 }
 
-float ComputeRn(const ElefanModel& m, const GrowthParams& p, ElefanScratch& scratch, float* espOut,
-                float* curveT0Out) {
-    scratch.restore(m);  // in case an earlier walk ended by a fault
+float CurveOrigin(const ElefanModel& m, const GrowthParams& p) {
     if (m.badMonthSample_ != 0) throw SubscriptFault("SampleTime");
     const int ss = CInt(p.ss);
     if (ss < 1 || ss > m.nS_) throw SubscriptFault("ComputeRn");
-    const float t0 = GrowthT0(p.sl, m.sampleTime_[static_cast<size_t>(ss)], p);
-    if (curveT0Out != nullptr) *curveT0Out = t0;
+    return GrowthT0(p.sl, m.sampleTime_[static_cast<size_t>(ss)], p);
+}
 
+float ComputeRn(const ElefanModel& m, const GrowthParams& p, ElefanScratch& scratch, float* espOut,
+                float* curveT0Out) {
+    const float t0 = CurveOrigin(m, p);
+    if (curveT0Out != nullptr) *curveT0Out = t0;
+    return ComputeRnFromOrigin(m, p, t0, scratch, espOut);
+}
+
+float ComputeRnFromOrigin(const ElefanModel& m, const GrowthParams& p, float t0,
+                          ElefanScratch& scratch, float* espOut) {
+    scratch.restore(m);  // in case an earlier walk ended by a fault
     // The 95% rule applies only when Loo lies inside the file's length range.
     const bool looAboveTop = m.topEdge_ <= p.loo;
     const float loo95 = R4(static_cast<double>(p.loo) * 0.95);

@@ -64,7 +64,9 @@ class ElefanModel {
     friend ElefanModel RestructureElefan(const ElefanInput& input);
     friend class ElefanScratch;
     friend void ScoreCurveHit(const ElefanModel&, ElefanScratch&, int, float, float&);
-    friend float ComputeRn(const ElefanModel&, const GrowthParams&, ElefanScratch&, float*, float*);
+    friend float CurveOrigin(const ElefanModel&, const GrowthParams&);
+    friend float ComputeRnFromOrigin(const ElefanModel&, const GrowthParams&, float, ElefanScratch&,
+                                     float*);
     size_t stride() const { return static_cast<size_t>(nC_) + 3; }
 
     int32_t nS_ = 0, nC_ = 0;
@@ -91,7 +93,8 @@ class ElefanScratch {
 
   private:
     friend void ScoreCurveHit(const ElefanModel&, ElefanScratch&, int, float, float&);
-    friend float ComputeRn(const ElefanModel&, const GrowthParams&, ElefanScratch&, float*, float*);
+    friend float ComputeRnFromOrigin(const ElefanModel&, const GrowthParams&, float, ElefanScratch&,
+                                     float*);
     float& at(int s, int k) {
         return points_[static_cast<size_t>(s) * stride_ + static_cast<size_t>(k)];
     }
@@ -118,6 +121,15 @@ void ScoreCurveHit(const ElefanModel& model, ElefanScratch& scratch, int s, floa
 // peaks and the curve's origin.
 float ComputeRn(const ElefanModel& model, const GrowthParams& p, ElefanScratch& scratch,
                 float* esp = nullptr, float* curveT0 = nullptr);
+
+// The curve's origin (t0) that the starting point (p.ss, p.sl) gives, with the faults of a bad
+// sampling month, a sample out of range or an impossible starting length.
+float CurveOrigin(const ElefanModel& model, const GrowthParams& p);
+
+// The walk of ComputeRn from a given origin. It reads Loo, K, C and WP of `p` but not the
+// starting point, so ComputeRn(p) is ComputeRnFromOrigin(p, CurveOrigin(p)).
+float ComputeRnFromOrigin(const ElefanModel& model, const GrowthParams& p, float curveT0,
+                          ElefanScratch& scratch, float* esp = nullptr);
 
 // Rn from the explained and available sums of peaks: 10 ^ (ESP / ASP) / 10, rounded to three
 // decimals as the method does (ESP = 0 gives 0.101, ESP = ASP gives 1.000).

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <atomic>
+#include <bit>
 #include <exception>
 #include <limits>
 #include <thread>
+#include <unordered_map>
 
 #include "base/basic.h"
 #include "base/fault.h"
@@ -28,17 +30,14 @@ ParallelRn::ParallelRn(const RnScorer& scorer, int threads) : scorer_(scorer) {
     for (int i = 0; i < n; ++i) workers_.push_back(scorer_.newWorker());
 }
 
-void ParallelRn::run(std::span<const GrowthParams> queries, std::span<float> out) {
-    const size_t n = queries.size();
-    if (out.size() < n) throw SubscriptFault("ParallelRn::run");
+template <class Score>
+void ParallelRn::spread(size_t n, Score&& score) {
     const size_t threads = std::min(workers_.size(), std::max<size_t>(1, n / kMinParallelBatch));
     if (threads <= 1) {
-        for (size_t i = 0; i < n; ++i) out[i] = workers_[0]->score(queries[i]);
+        for (size_t i = 0; i < n; ++i) score(*workers_[0], i);
         return;
     }
     std::atomic<size_t> next{0};
-    // The first fault of each thread, by query index; the lowest one is raised, as one thread
-    // working in order would have met it first.
     std::vector<size_t> faultAt(threads, std::numeric_limits<size_t>::max());
     std::vector<std::exception_ptr> faults(threads);
     auto work = [&](size_t w) {
@@ -49,7 +48,7 @@ void ParallelRn::run(std::span<const GrowthParams> queries, std::span<float> out
             for (size_t i = begin; i < end; ++i) {
                 if (i > faultAt[w]) return;
                 try {
-                    out[i] = workers_[w]->score(queries[i]);
+                    score(*workers_[w], i);
                 } catch (...) {
                     faultAt[w] = i;
                     faults[w] = std::current_exception();
@@ -66,6 +65,83 @@ void ParallelRn::run(std::span<const GrowthParams> queries, std::span<float> out
     for (size_t w = 1; w < threads; ++w)
         if (faultAt[w] < faultAt[first]) first = w;
     if (faults[first]) std::rethrow_exception(faults[first]);
+}
+
+void ParallelRn::run(std::span<const GrowthParams> queries, std::span<float> out) {
+    const size_t n = queries.size();
+    if (out.size() < n) throw SubscriptFault("ParallelRn::run");
+    if (workers_[0]->scoresByOrigin()) {
+        runByOrigin(queries, out);
+        return;
+    }
+    spread(n, [&](RnWorker& w, size_t i) { out[i] = w.score(queries[i]); });
+}
+
+namespace {
+
+// The bits of what a walk reads: Loo, K, C, WP and the origin.
+struct OriginKey {
+    std::array<uint32_t, 5> bits;
+    bool operator==(const OriginKey&) const = default;
+};
+
+struct OriginKeyHash {
+    size_t operator()(const OriginKey& key) const {
+        uint64_t h = 0x9E3779B97F4A7C15ull;
+        for (uint32_t b : key.bits) h = (h ^ b) * 0xBF58476D1CE4E5B9ull;
+        return static_cast<size_t>(h ^ (h >> 31));
+    }
+};
+
+OriginKey KeyOf(const GrowthParams& q, float origin) {
+    OriginKey key;
+    const float v[5] = {q.loo, q.k, q.c, q.wp, origin};
+    for (size_t i = 0; i < 5; ++i) key.bits[i] = std::bit_cast<uint32_t>(v[i]);
+    return key;
+}
+
+}  // namespace
+
+// Many starting pairs give a curve the same origin: the origin is formed from the starting
+// length and the time in the year of the starting sample, and the walk reads nothing else of
+// the starting point. Pairs that agree in the bits of Loo, K, C, WP and the 32-bit origin
+// therefore walk the same curve through the same table and score the same, so each distinct
+// setting is walked once and every pair takes its score. Faults keep their query order: the
+// origins are formed in order up to the first that faults; a walk's fault belongs to the first
+// pair of its setting, and the settings are walked in the order of their first pairs, so the
+// lowest walk fault is the lowest faulting pair; only without one is the origin's fault raised.
+void ParallelRn::runByOrigin(std::span<const GrowthParams> queries, std::span<float> out) {
+    const size_t n = queries.size();
+    RnWorker& first = *workers_[0];
+    std::unordered_map<OriginKey, uint32_t, OriginKeyHash> seen;
+    seen.reserve(n);
+    distinct_.clear();
+    distinctOrigin_.clear();
+    slot_.resize(n);
+    size_t formed = 0;
+    std::exception_ptr originFault;
+    for (; formed < n; ++formed) {
+        float origin = 0;
+        try {
+            origin = first.origin(queries[formed]);
+        } catch (...) {
+            originFault = std::current_exception();
+            break;
+        }
+        const auto [it, fresh] = seen.try_emplace(KeyOf(queries[formed], origin),
+                                                  static_cast<uint32_t>(distinct_.size()));
+        if (fresh) {
+            distinct_.push_back(queries[formed]);
+            distinctOrigin_.push_back(origin);
+        }
+        slot_[formed] = it->second;
+    }
+    distinctScore_.assign(distinct_.size(), 0);
+    spread(distinct_.size(), [&](RnWorker& w, size_t i) {
+        distinctScore_[i] = w.scoreFromOrigin(distinct_[i], distinctOrigin_[i]);
+    });
+    for (size_t i = 0; i < formed; ++i) out[i] = distinctScore_[slot_[i]];
+    if (originFault) std::rethrow_exception(originFault);
 }
 
 int DefaultSearchThreads() {

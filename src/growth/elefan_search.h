@@ -64,6 +64,12 @@ class RnWorker {
   public:
     virtual ~RnWorker() = default;
     virtual float score(const GrowthParams& q) = 0;
+    // A worker whose score reads the starting point only through the curve's origin says so;
+    // origin(q) then raises what score(q) would raise before its walk, and
+    // scoreFromOrigin(q, origin(q)) is score(q).
+    virtual bool scoresByOrigin() const { return false; }
+    virtual float origin(const GrowthParams& /*q*/) { return 0; }
+    virtual float scoreFromOrigin(const GrowthParams& q, float /*origin*/) { return score(q); }
 };
 
 // A restructured file that can be scored: the layout plus a factory of independent workers.
@@ -85,8 +91,18 @@ class ParallelRn {
     void run(std::span<const GrowthParams> queries, std::span<float> out);
 
   private:
+    // Calls score(worker, i) for i in 0..n-1 spread over the workers; the fault of the lowest
+    // i is raised, as one thread working in order would have met it first.
+    template <class Score>
+    void spread(size_t n, Score&& score);
+    void runByOrigin(std::span<const GrowthParams> queries, std::span<float> out);
+
     const RnScorer& scorer_;
     std::vector<std::unique_ptr<RnWorker>> workers_;
+    // The distinct origins of the last batch and their scores, kept to save allocations.
+    std::vector<GrowthParams> distinct_;
+    std::vector<float> distinctOrigin_, distinctScore_;
+    std::vector<uint32_t> slot_;
 };
 
 // The number of threads used when none is asked for: every core.
