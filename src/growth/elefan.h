@@ -76,9 +76,11 @@ class ElefanModel {
     std::vector<float> sampleFirstMid_, sampleLastMid_, sampleTime_;
     std::vector<float> lowEdge_, highEdge_;  // R4(first mid - CI/2), R4(last mid + CI/2)
     std::vector<int32_t> compactN_;
-    int32_t badMonthSample_ = 0;  // first sample with a month outside 0..12, or 0
-    std::vector<float> master_;   // (nS + 1) rows of nC + 3
-    std::vector<float> edges_;    // edges_[k], k = 1..nC + 1
+    int32_t badMonthSample_ = 0;      // first sample with a month outside 0..12, or 0
+    std::vector<int32_t> timeGroup_;  // samples with the same time in the year share a group
+    int32_t timeGroups_ = 0;
+    std::vector<float> master_;  // (nS + 1) rows of nC + 3
+    std::vector<float> edges_;   // edges_[k], k = 1..nC + 1
     float asp_ = 0;
 };
 
@@ -99,6 +101,7 @@ class ElefanScratch {
         return points_[static_cast<size_t>(s) * stride_ + static_cast<size_t>(k)];
     }
     void markConsumed(int s, int k);
+    void markConsumed(int s, int lo, int hi);
     // Copies the consumed cells back from the model.
     void restore(const ElefanModel& model);
 
@@ -107,6 +110,13 @@ class ElefanScratch {
     // Cells consumed since the last restore: one range of classes per sample row.
     std::vector<int32_t> dirtyRows_;
     std::vector<int32_t> dirtyLow_, dirtyHigh_;
+    // The curve's times and lengths met in one walk, per group of samples of the same time in
+    // the year: `back` from the sample time a year at a time into the past, `ahead` into the
+    // future.
+    struct Chain {
+        std::vector<float> backT, backL, aheadL;
+    };
+    std::vector<Chain> chains_;
 };
 
 // Builds the model: the limit rows, the restructured points and ASP. CI of 0 divides by zero.
