@@ -3,7 +3,10 @@
 //   elefan kscan FILE --loo L [--c C --wp WP] [--ss S --sl L] [--fixed-sp]
 //   elefan surface FILE --loo FROM:TO --k FROM:TO --ss S --sl L [--c C --wp WP]
 //   elefan search FILE --loo SEED:STEP --k SEED:STEP [--c SEED:STEP --wp SEED:STEP] [--ss --sl]
+#include <unistd.h>
+
 #include <charconv>
+#include <cstdio>
 #include <iomanip>
 #include <memory>
 #include <optional>
@@ -26,6 +29,33 @@ inline constexpr const char* kPlotFailedTitle = "Plot";
 inline constexpr const char* kPlotFailed = "The plot could not be written to ";
 inline constexpr const char* kBadPairTitle = "Invalid Input";
 inline constexpr const char* kBadPair = "Expected two numbers separated by ':' in ";
+
+// Shows "done/total" on stderr while a search runs, when stderr is a terminal; a redirected
+// stderr gets nothing, so that scripts read only the result and the notices.
+class TerminalProgress : public SearchSink {
+  public:
+    TerminalProgress() : shown_(isatty(STDERR_FILENO) == 1) {}
+    ~TerminalProgress() override { clear(); }
+    void progress(int done, int total) override {
+        if (!shown_) return;
+        if (done >= total) {
+            clear();  // the result follows on the same terminal
+            return;
+        }
+        std::fprintf(stderr, "\r%d/%d", done, total);
+        std::fflush(stderr);
+        drawn_ = true;
+    }
+
+  private:
+    void clear() {
+        if (shown_ && drawn_) std::fputs("\r\033[K", stderr);
+        drawn_ = false;
+    }
+
+    bool shown_;
+    bool drawn_ = false;
+};
 
 // "A:B" as two 32-bit floats.
 std::pair<float, float> ParsePair(const std::string& text, const std::string& option) {
@@ -93,7 +123,7 @@ struct KScanOptions : Common {
 void RunKScan(Context& ctx, const KScanOptions& o) {
     Loaded l = Load(ctx, o);
     KScanInput in{o.loo, o.c, o.wp, o.fixed, l.state.ss, l.state.sl};
-    SearchSink sink;
+    TerminalProgress sink;
     const KScanResult r = *KScan(*l.rn, in, sink);
     if (!o.plot.empty()) {
         ChartCanvas canvas;
@@ -141,7 +171,7 @@ void RunSurface(Context& ctx, const SurfaceOptions& o) {
     in.sl = o.sl.value_or(0);
     ctx.take(CheckSurfaceInput(in));
     Loaded l = Load(ctx, o);
-    SearchSink sink;
+    TerminalProgress sink;
     const SurfaceResult r = *ResponseSurface(*l.rn, in, l.state, sink);
     if (!o.plot.empty()) {
         ChartCanvas canvas;
@@ -195,7 +225,7 @@ void RunSearch(Context& ctx, const SearchOptions& o) {
     in.sLength = o.sl.value_or(0);
     Loaded l = Load(ctx, o);
     ctx.take(CheckSearchSeeds(in, l.scorer->layout()));
-    SearchSink sink;
+    TerminalProgress sink;
     const AutoSearchResult r = *AutoSearch(*l.rn, in, l.state, sink);
     ctx.take(r);
     if (ctx.json) {

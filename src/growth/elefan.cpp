@@ -234,11 +234,6 @@ void ElefanScratch::markConsumed(int s, int k) {
     }
 }
 
-void ElefanScratch::markConsumed(int s, int lo, int hi) {
-    markConsumed(s, lo);
-    markConsumed(s, hi);
-}
-
 void ElefanScratch::restore(const ElefanModel& model) {
     for (int s : dirtyRows_) {
         int32_t& lo = dirtyLow_[static_cast<size_t>(s)];
@@ -302,6 +297,15 @@ namespace {
 // The growth curve of one walk: GrowthLength's operations in GrowthLength's order, with the
 // terms that do not change along the walk (Loo, K and, for the seasonal curve, the phase at the
 // origin) worked out once. It gives GrowthLength(t, p, t0) to the bit.
+// R4(a + b) of two finite floats: the double sum rounded to float is the float sum (a double
+// holds any sum of two floats closely enough that rounding twice changes nothing), so only
+// the overflow check of R4 remains.
+inline float AddR4(float a, float b) {
+    const float sum = a + b;
+    if (std::isinf(sum)) ThrowOverflow();
+    return sum;
+}
+
 class WalkCurve {
   public:
     WalkCurve(const GrowthParams& p, float t0)
@@ -390,7 +394,7 @@ float ComputeRnFromOrigin(const ElefanModel& m, const GrowthParams& p, float t0,
                 L = chain.backL[j];
                 continue;
             }
-            const float earlier = R4(static_cast<double>(t) - 1.0);
+            const float earlier = AddR4(t, -1.0f);
             if (earlier == t) ThrowOverflow();  // time no longer moves in 32 bits
             t = earlier;
             L = curve(t);
@@ -416,7 +420,7 @@ float ComputeRnFromOrigin(const ElefanModel& m, const GrowthParams& p, float t0,
                     if (k > m.nC_) throw SubscriptFault("ScoreCurveHit");
                     const float cell = row[k];
                     // Adding 0 leaves the sum as it is (it is never -0), so it is skipped.
-                    if (cell != 0) esp = R4(static_cast<double>(esp) + cell);
+                    if (cell != 0) esp = AddR4(esp, cell);
                     if (cell > 0) {
                         int hi = k, lo = k;
                         while (hi + 1 <= m.nC_ && row[hi + 1] > 0) ++hi;
@@ -426,7 +430,7 @@ float ComputeRnFromOrigin(const ElefanModel& m, const GrowthParams& p, float t0,
                     }
                 }
             }
-            const float later = R4(static_cast<double>(t) + 1.0);
+            const float later = AddR4(t, 1.0f);
             if (later == t) ThrowOverflow();
             t = later;
             if (on == On::Back && j > 0 &&

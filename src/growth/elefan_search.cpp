@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <atomic>
 #include <bit>
+#include <condition_variable>
 #include <exception>
+#include <functional>
 #include <limits>
+#include <mutex>
 #include <thread>
 #include <unordered_map>
 
@@ -25,10 +28,71 @@ constexpr size_t kChunk = 8;
 
 }  // namespace
 
+// Helpers 1..n-1 wait for a job; run() hands one to the first `count - 1` of them, does its
+// own share as worker 0 and returns when every helper it asked is done.
+class ParallelRn::Pool {
+  public:
+    explicit Pool(size_t helpers) {
+        for (size_t w = 1; w <= helpers; ++w) threads_.emplace_back([this, w] { loop(w); });
+    }
+    ~Pool() {
+        {
+            std::lock_guard lock(mutex_);
+            stop_ = true;
+        }
+        wake_.notify_all();
+        for (auto& t : threads_) t.join();
+    }
+    // `job` must not throw.
+    void run(size_t count, const std::function<void(size_t)>& job) {
+        {
+            std::lock_guard lock(mutex_);
+            job_ = &job;
+            count_ = count;
+            pending_ = count - 1;
+            ++generation_;
+        }
+        wake_.notify_all();
+        job(0);
+        std::unique_lock lock(mutex_);
+        done_.wait(lock, [this] { return pending_ == 0; });
+        job_ = nullptr;
+    }
+
+  private:
+    void loop(size_t w) {
+        uint64_t seen = 0;
+        for (;;) {
+            const std::function<void(size_t)>* job = nullptr;
+            {
+                std::unique_lock lock(mutex_);
+                wake_.wait(lock, [&] { return stop_ || generation_ != seen; });
+                if (stop_) return;
+                seen = generation_;
+                if (w >= count_) continue;  // not asked this time
+                job = job_;
+            }
+            (*job)(w);
+            std::lock_guard lock(mutex_);
+            if (--pending_ == 0) done_.notify_one();
+        }
+    }
+
+    std::mutex mutex_;
+    std::condition_variable wake_, done_;
+    const std::function<void(size_t)>* job_ = nullptr;
+    size_t count_ = 0, pending_ = 0;
+    uint64_t generation_ = 0;
+    bool stop_ = false;
+    std::vector<std::thread> threads_;
+};
+
 ParallelRn::ParallelRn(const RnScorer& scorer, int threads) : scorer_(scorer) {
     const int n = std::max(1, threads);
     for (int i = 0; i < n; ++i) workers_.push_back(scorer_.newWorker());
 }
+
+ParallelRn::~ParallelRn() = default;
 
 template <class Score>
 void ParallelRn::spread(size_t n, Score&& score) {
@@ -40,7 +104,7 @@ void ParallelRn::spread(size_t n, Score&& score) {
     std::atomic<size_t> next{0};
     std::vector<size_t> faultAt(threads, std::numeric_limits<size_t>::max());
     std::vector<std::exception_ptr> faults(threads);
-    auto work = [&](size_t w) {
+    const std::function<void(size_t)> work = [&](size_t w) {
         for (;;) {
             const size_t begin = next.fetch_add(kChunk);
             if (begin >= n) return;
@@ -56,11 +120,8 @@ void ParallelRn::spread(size_t n, Score&& score) {
             }
         }
     };
-    {
-        std::vector<std::jthread> pool;
-        for (size_t w = 1; w < threads; ++w) pool.emplace_back(work, w);
-        work(0);
-    }
+    if (!pool_) pool_ = std::make_unique<Pool>(workers_.size() - 1);
+    pool_->run(threads, work);
     size_t first = 0;
     for (size_t w = 1; w < threads; ++w)
         if (faultAt[w] < faultAt[first]) first = w;

@@ -85,6 +85,9 @@ class RnScorer {
 class ParallelRn {
   public:
     ParallelRn(const RnScorer& scorer, int threads);
+    ~ParallelRn();
+    ParallelRn(const ParallelRn&) = delete;
+    ParallelRn& operator=(const ParallelRn&) = delete;
     int threads() const { return static_cast<int>(workers_.size()); }
     const RnLayout& layout() const { return scorer_.layout(); }
     float one(const GrowthParams& q) { return workers_[0]->score(q); }
@@ -97,8 +100,12 @@ class ParallelRn {
     void spread(size_t n, Score&& score);
     void runByOrigin(std::span<const GrowthParams> queries, std::span<float> out);
 
+    // Helper threads, started at the first batch worth sharing and kept for every later one.
+    class Pool;
+
     const RnScorer& scorer_;
     std::vector<std::unique_ptr<RnWorker>> workers_;
+    std::unique_ptr<Pool> pool_;
     // The distinct origins of the last batch and their scores, kept to save allocations.
     std::vector<GrowthParams> distinct_;
     std::vector<float> distinctOrigin_, distinctScore_;
