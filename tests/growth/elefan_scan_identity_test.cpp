@@ -6,6 +6,7 @@
 #include <cstring>
 #include <random>
 
+#include "base/fault.h"
 #include "data/lfq_file.h"
 #include "elefan_reference_scan.h"
 #include "growth/elefan.h"
@@ -158,6 +159,46 @@ TEST(ScanIdentity, AutomaticSearchWithVariableStart) {
                     0);
                 EXPECT_TRUE(SameBits(got->rows[i].rn, ref->rows[i].rn));
             }
+        }
+    }
+}
+
+// The fault a batch raises: "" when it raises none.
+std::string FaultOf(ParallelRn& rn, const std::vector<GrowthParams>& batch) {
+    std::vector<float> out(batch.size());
+    try {
+        rn.run(batch, out);
+    } catch (const Fault& f) {
+        return std::to_string(static_cast<int>(f.number())) + " " + f.description();
+    }
+    return "";
+}
+
+// A starting length at or above Loo has no origin; a sample beyond the file has no time. Placed
+// anywhere in a batch of repeated origins, the fault raised is the one of the first bad pair.
+TEST(ScanIdentity, FaultsOfABatchInQueryOrder) {
+    std::mt19937 rng(3);
+    const ElefanInput input = RandomFile(rng);
+    const ElefanModel model = RestructureElefan(input);
+    reference::Scorer plain(model);
+    ParallelRn one(plain, 1);
+    const auto scorer = MakeElefanScorerFromInput(input);
+    const float loo = DefaultKScanLoo(model);
+    std::vector<GrowthParams> batch;
+    for (int i = 0; i < 60; ++i)
+        batch.push_back({.loo = loo, .k = 0.3f, .ss = 1, .sl = static_cast<float>(i % 5)});
+    const GrowthParams noOrigin{.loo = loo, .k = 0.3f, .ss = 1, .sl = loo + 1};
+    const GrowthParams noSample{.loo = loo, .k = 0.3f, .ss = 99, .sl = 1};
+    for (size_t at : {size_t{0}, size_t{17}, size_t{59}}) {
+        std::vector<GrowthParams> bad = batch;
+        bad[at] = noOrigin;
+        bad[std::min<size_t>(at + 3, 59)] = noSample;
+        const std::string expected = FaultOf(one, bad);
+        ASSERT_FALSE(expected.empty());
+        for (int threads = 1; threads <= 3; ++threads) {
+            ParallelRn rn(*scorer, threads);
+            EXPECT_EQ(FaultOf(rn, bad), expected) << at << " " << threads;
+            EXPECT_EQ(FaultOf(rn, batch), "");  // the threads live on after a fault
         }
     }
 }
