@@ -1,5 +1,6 @@
-// The ELEFAN I searches on one thread and on two: the K-scan with its starting-point scan, the
-// response surface and the automatic search with a variable starting point.
+// The ELEFAN I searches on one thread and on two: the K-scan with its starting-point scan (up to
+// 60 samples x 200 classes), the response surface, the finer 101 x 101 surface and the automatic
+// search with a variable starting point.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -60,8 +61,51 @@ BENCHMARK(BM_KScanWithStartingPointScan)
     ->ArgNames({"samples", "classes", "threads"})
     ->Args({12, 40, 1})
     ->Args({12, 40, 2})
+    ->Args({24, 70, 1})
+    ->Args({24, 70, 2})
     ->Args({24, 80, 1})
     ->Args({24, 80, 2})
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
+// Five years of monthly samples at 0.5 cm classes: the large file users wait on.
+ElefanInput LargeFile() {
+    ElefanInput in = Simulated(60, 200);
+    in.ci = 0.5f;
+    in.firstMid = 0.25f;
+    return in;
+}
+
+void BM_KScanLargeFile(benchmark::State& state) {
+    const auto scorer = MakeElefanScorerFromInput(LargeFile());
+    ParallelRn rn(*scorer, static_cast<int>(state.range(0)));
+    const float loo = 0.9f * 100;
+    const auto [ss, sl] = scorer->defaultStart(loo);
+    SearchSink sink;
+    for (auto _ : state) benchmark::DoNotOptimize(KScan(rn, {loo, 0, 0, false, ss, sl}, sink));
+}
+BENCHMARK(BM_KScanLargeFile)
+    ->ArgName("threads")
+    ->Arg(2)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(1);
+
+// The finer 101 x 101 surface over a starting point fixed by the user.
+void BM_FineSurface(benchmark::State& state) {
+    const auto scorer = MakeElefanScorerFromInput(
+        Simulated(static_cast<int>(state.range(0)), static_cast<int>(state.range(1))));
+    ParallelRn rn(*scorer, static_cast<int>(state.range(2)));
+    const float loo = 0.9f * static_cast<float>(state.range(1));
+    const auto [ss, sl] = scorer->defaultStart(loo);
+    const SurfaceInput in{0.2f, 2.0f, loo * 0.8f, loo * 1.2f, 0, 0, ss, sl};
+    SearchSink sink;
+    for (auto _ : state) benchmark::DoNotOptimize(ComputeFineSurface(rn, in, 101, sink));
+}
+BENCHMARK(BM_FineSurface)
+    ->ArgNames({"samples", "classes", "threads"})
+    ->Args({12, 40, 2})
+    ->Args({24, 70, 2})
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
@@ -95,6 +139,23 @@ void BM_AutoSearchVariableStart(benchmark::State& state) {
 BENCHMARK(BM_AutoSearchVariableStart)
     ->ArgName("threads")
     ->Arg(1)
+    ->Arg(2)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
+void BM_AutoSearchVariableStartLarger(benchmark::State& state) {
+    const auto scorer = MakeElefanScorerFromInput(Simulated(24, 70));
+    ParallelRn rn(*scorer, static_cast<int>(state.range(0)));
+    AutoSearchInput in;
+    in.loo = 66;
+    in.k = 0.6f;
+    in.looStep = 0.5f;
+    in.kStep = 0.05f;
+    SearchSink sink;
+    for (auto _ : state) benchmark::DoNotOptimize(AutoSearch(rn, in, GrowthParams{}, sink));
+}
+BENCHMARK(BM_AutoSearchVariableStartLarger)
+    ->ArgName("threads")
     ->Arg(2)
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();

@@ -3,6 +3,7 @@
 //   elefan kscan FILE --loo L [--c C --wp WP] [--ss S --sl L] [--fixed-sp]
 //   elefan surface FILE --loo FROM:TO --k FROM:TO --ss S --sl L [--c C --wp WP]
 //   elefan search FILE --loo SEED:STEP --k SEED:STEP [--c SEED:STEP --wp SEED:STEP] [--ss --sl]
+
 #include <charconv>
 #include <iomanip>
 #include <memory>

@@ -1,5 +1,6 @@
 #include "growth/elefan.h"
 
+#include <bit>
 #include <cmath>
 
 #include "base/basic.h"
@@ -144,6 +145,7 @@ ElefanModel RestructureElefan(const ElefanInput& in) {
     m.lowEdge_.assign(rows, 0.0f);
     m.highEdge_.assign(rows, 0.0f);
     m.compactN_.assign(rows, 0);
+    m.timeGroup_.assign(rows, 0);
     for (int s = 1; s <= nS; ++s) {
         const int month = in.month[static_cast<size_t>(s) - 1];
         if (month >= 0 && month <= 12) {
@@ -159,6 +161,13 @@ ElefanModel RestructureElefan(const ElefanInput& in) {
         float first = in.firstMid;
         for (int k = 1; k <= nC && in.frequency(s, k) == 0; ++k) {
             first = R4(static_cast<double>(first) + in.ci);
+        }
+        for (int g = 1; g <= s; ++g) {
+            if (g == s || std::bit_cast<uint32_t>(m.sampleTime_[g]) ==
+                              std::bit_cast<uint32_t>(m.sampleTime_[s])) {
+                m.timeGroup_[s] = g == s ? m.timeGroups_++ : m.timeGroup_[g];
+                break;
+            }
         }
         m.sampleFirstMid_[s] = first;
         m.sampleLastMid_[s] = last;
@@ -210,6 +219,7 @@ ElefanScratch::ElefanScratch(const ElefanModel& model)
         for (int k = 1; k <= model.nC(); ++k) at(s, k) = model.pointsMaster(s, k);
     }
     dirtyRows_.reserve(static_cast<size_t>(model.nS()));
+    chains_.resize(static_cast<size_t>(model.timeGroups_));
 }
 
 void ElefanScratch::markConsumed(int s, int k) {
@@ -268,14 +278,97 @@ float ElefanScore(float esp, float asp) {
     return R4(std::floor((static_cast<double>(r) + 0.0005) * 1000) / 1000);
 }
 
-float ComputeRn(const ElefanModel& m, const GrowthParams& p, ElefanScratch& scratch, float* espOut,
-                float* curveT0Out) {
-    scratch.restore(m);  // in case an earlier walk ended by a fault
+float CurveOrigin(const ElefanModel& m, const GrowthParams& p) {
     if (m.badMonthSample_ != 0) throw SubscriptFault("SampleTime");
     const int ss = CInt(p.ss);
     if (ss < 1 || ss > m.nS_) throw SubscriptFault("ComputeRn");
-    const float t0 = GrowthT0(p.sl, m.sampleTime_[static_cast<size_t>(ss)], p);
+    return GrowthT0(p.sl, m.sampleTime_[static_cast<size_t>(ss)], p);
+}
+
+float ComputeRn(const ElefanModel& m, const GrowthParams& p, ElefanScratch& scratch, float* espOut,
+                float* curveT0Out) {
+    const float t0 = CurveOrigin(m, p);
     if (curveT0Out != nullptr) *curveT0Out = t0;
+    return ComputeRnFromOrigin(m, p, t0, scratch, espOut);
+}
+
+namespace {
+
+// The growth curve of one walk: GrowthLength's operations in GrowthLength's order, with the
+// terms that do not change along the walk (Loo, K and, for the seasonal curve, the phase at the
+// origin) worked out once. It gives GrowthLength(t, p, t0) to the bit.
+// R4(a + b) of two finite floats: the double sum rounded to float is the float sum (a double
+// holds any sum of two floats closely enough that rounding twice changes nothing), so only
+// the overflow check of R4 remains.
+inline float AddR4(float a, float b) {
+    const float sum = a + b;
+    if (std::isinf(sum)) ThrowOverflow();
+    return sum;
+}
+
+class WalkCurve {
+  public:
+    WalkCurve(const GrowthParams& p, float t0)
+        : loo_(p.loo), k_(p.k), t0_(t0), seasonal_(p.c != 0.0f) {
+        if (seasonal_) {
+            ts_ = static_cast<double>(p.wp) - 0.5;
+            b_ = k_ * p.c / kTwoPi;
+            s0_ = std::sin((t0_ - ts_) * kTwoPi) * b_;
+        }
+    }
+    // The checks of GrowthLength only ever raise on a non-finite value, and a non-finite value
+    // anywhere in the chain leaves the final length non-finite; so the length is formed
+    // unchecked and only a non-finite one is formed again with every check, to raise the fault
+    // GrowthLength would.
+    float operator()(float time) const {
+        const double t = time;
+        const double e = seasonal_
+                             ? std::exp(-((t - t0_) * k_) - std::sin((t - ts_) * kTwoPi) * b_ + s0_)
+                             : std::exp(-((t - t0_) * k_));
+        const float l =
+            static_cast<float>(static_cast<double>(static_cast<float>((1.0 - e) * loo_)) + 0.005);
+        if (!std::isfinite(l)) return checked(time);
+        return l < 0.0f ? 0.0f : l;
+    }
+
+  private:
+    float checked(float time) const {
+        const double t = time;
+        double v;
+        if (!seasonal_) {
+            v = CheckFinite((1.0 - Exp(-((t - t0_) * k_))) * loo_);
+        } else {
+            const double a = (t - t0_) * k_;
+            const double s1 = std::sin((t - ts_) * kTwoPi) * b_;
+            v = CheckFinite((1.0 - Exp(-a - s1 + s0_)) * loo_);
+        }
+        const float l = R4(static_cast<double>(R4(v)) + 0.005);
+        return l < 0.0f ? 0.0f : l;
+    }
+
+    double loo_, k_, t0_;
+    bool seasonal_;
+    double ts_ = 0, b_ = 0, s0_ = 0;
+};
+
+}  // namespace
+
+float ComputeRnFromOrigin(const ElefanModel& m, const GrowthParams& p, float t0,
+                          ElefanScratch& scratch, float* espOut) {
+    scratch.restore(m);  // in case an earlier walk ended by a fault
+    const WalkCurve curve(p, t0);
+    const float* edges = m.edges_.data();
+    const int32_t top = m.nC_ + 1;
+    // The curve is a function of time alone within a walk, so a length worked out once for a
+    // time is taken again wherever the walk meets that time: on the way forward over the years
+    // it went back through, and in every sample of the same time in the year. Each time is
+    // still reached by the same 32-bit steps, and every new length is worked out in the order
+    // the plain walk would, so the same faults arise at the same point.
+    for (auto& chain : scratch.chains_) {
+        chain.backT.clear();
+        chain.backL.clear();
+        chain.aheadL.clear();
+    }
 
     // The 95% rule applies only when Loo lies inside the file's length range.
     const bool looAboveTop = m.topEdge_ <= p.loo;
@@ -284,22 +377,76 @@ float ComputeRn(const ElefanModel& m, const GrowthParams& p, ElefanScratch& scra
     for (int s = 1; s <= m.nS_; ++s) {
         const float low = m.lowEdge_[static_cast<size_t>(s)];
         const float high = m.highEdge_[static_cast<size_t>(s)];
+        float* row = &scratch.at(s, 0);
+        auto& chain = scratch.chains_[static_cast<size_t>(m.timeGroup_[static_cast<size_t>(s)])];
         // Back to the oldest cohort of this date at or below the sample's lowest class.
         float t = m.sampleTime_[static_cast<size_t>(s)];
-        float L = GrowthLength(t, p, t0);
+        if (chain.backT.empty()) {
+            chain.backT.push_back(t);
+            chain.backL.push_back(curve(t));
+        }
+        float L = chain.backL[0];
+        size_t j = 0;  // position on the chain back
         while (low < L) {
-            const float earlier = R4(static_cast<double>(t) - 1.0);
+            if (j + 1 < chain.backT.size()) {
+                ++j;
+                t = chain.backT[j];
+                L = chain.backL[j];
+                continue;
+            }
+            const float earlier = AddR4(t, -1.0f);
             if (earlier == t) ThrowOverflow();  // time no longer moves in 32 bits
             t = earlier;
-            L = GrowthLength(t, p, t0);
+            L = curve(t);
+            chain.backT.push_back(t);
+            chain.backL.push_back(L);
+            ++j;
         }
-        // Forward a year at a time, scoring each crossing.
+        // Forward a year at a time, scoring each crossing as ScoreCurveHit does. The class of
+        // L (the last edge at or below it) is unique because the edges rise, so it is searched
+        // from the class of the previous crossing, which the slow curves barely leave.
+        enum class On { Back, Ahead, Off } on = On::Back;
+        size_t i = 0;  // position on the chain ahead
+        int32_t k = -1;
         while (true) {
-            ScoreCurveHit(m, scratch, s, L, esp);
-            const float later = R4(static_cast<double>(t) + 1.0);
+            if (low <= L && high >= L) {
+                if (k < 0) {
+                    k = m.classOf(L);
+                } else {
+                    while (k < top && edges[k + 1] <= L) ++k;
+                    while (k >= 1 && edges[k] > L) --k;
+                }
+                if (k != 0 && !(high <= edges[k])) {
+                    if (k > m.nC_) throw SubscriptFault("ScoreCurveHit");
+                    const float cell = row[k];
+                    // Adding 0 leaves the sum as it is (it is never -0), so it is skipped.
+                    if (cell != 0) esp = AddR4(esp, cell);
+                    if (cell > 0) {
+                        int hi = k, lo = k;
+                        while (hi + 1 <= m.nC_ && row[hi + 1] > 0) ++hi;
+                        while (lo - 1 >= 1 && row[lo - 1] > 0) --lo;
+                        for (int c = lo; c <= hi; ++c) row[c] = 0;
+                        scratch.markConsumed(s, lo, hi);
+                    }
+                }
+            }
+            const float later = AddR4(t, 1.0f);
             if (later == t) ThrowOverflow();
             t = later;
-            L = GrowthLength(t, p, t0);
+            if (on == On::Back && j > 0 &&
+                std::bit_cast<uint32_t>(chain.backT[j - 1]) == std::bit_cast<uint32_t>(t)) {
+                --j;
+                L = chain.backL[j];
+            } else if (on == On::Ahead || (on == On::Back && j == 0)) {
+                // A year ahead of the sample time, or of a time ahead of it: the chain ahead.
+                if (on == On::Ahead) ++i;
+                on = On::Ahead;
+                if (i == chain.aheadL.size()) chain.aheadL.push_back(curve(t));
+                L = chain.aheadL[i];
+            } else {
+                on = On::Off;
+                L = curve(t);
+            }
             if (!(looAboveTop || loo95 >= L)) break;
             if (high < L) break;
         }

@@ -64,7 +64,9 @@ class ElefanModel {
     friend ElefanModel RestructureElefan(const ElefanInput& input);
     friend class ElefanScratch;
     friend void ScoreCurveHit(const ElefanModel&, ElefanScratch&, int, float, float&);
-    friend float ComputeRn(const ElefanModel&, const GrowthParams&, ElefanScratch&, float*, float*);
+    friend float CurveOrigin(const ElefanModel&, const GrowthParams&);
+    friend float ComputeRnFromOrigin(const ElefanModel&, const GrowthParams&, float, ElefanScratch&,
+                                     float*);
     size_t stride() const { return static_cast<size_t>(nC_) + 3; }
 
     int32_t nS_ = 0, nC_ = 0;
@@ -74,9 +76,11 @@ class ElefanModel {
     std::vector<float> sampleFirstMid_, sampleLastMid_, sampleTime_;
     std::vector<float> lowEdge_, highEdge_;  // R4(first mid - CI/2), R4(last mid + CI/2)
     std::vector<int32_t> compactN_;
-    int32_t badMonthSample_ = 0;  // first sample with a month outside 0..12, or 0
-    std::vector<float> master_;   // (nS + 1) rows of nC + 3
-    std::vector<float> edges_;    // edges_[k], k = 1..nC + 1
+    int32_t badMonthSample_ = 0;      // first sample with a month outside 0..12, or 0
+    std::vector<int32_t> timeGroup_;  // samples with the same time in the year share a group
+    int32_t timeGroups_ = 0;
+    std::vector<float> master_;  // (nS + 1) rows of nC + 3
+    std::vector<float> edges_;   // edges_[k], k = 1..nC + 1
     float asp_ = 0;
 };
 
@@ -91,11 +95,16 @@ class ElefanScratch {
 
   private:
     friend void ScoreCurveHit(const ElefanModel&, ElefanScratch&, int, float, float&);
-    friend float ComputeRn(const ElefanModel&, const GrowthParams&, ElefanScratch&, float*, float*);
+    friend float ComputeRnFromOrigin(const ElefanModel&, const GrowthParams&, float, ElefanScratch&,
+                                     float*);
     float& at(int s, int k) {
         return points_[static_cast<size_t>(s) * stride_ + static_cast<size_t>(k)];
     }
     void markConsumed(int s, int k);
+    void markConsumed(int s, int lo, int hi) {
+        markConsumed(s, lo);
+        markConsumed(s, hi);
+    }
     // Copies the consumed cells back from the model.
     void restore(const ElefanModel& model);
 
@@ -104,6 +113,13 @@ class ElefanScratch {
     // Cells consumed since the last restore: one range of classes per sample row.
     std::vector<int32_t> dirtyRows_;
     std::vector<int32_t> dirtyLow_, dirtyHigh_;
+    // The curve's times and lengths met in one walk, per group of samples of the same time in
+    // the year: `back` from the sample time a year at a time into the past, `ahead` into the
+    // future.
+    struct Chain {
+        std::vector<float> backT, backL, aheadL;
+    };
+    std::vector<Chain> chains_;
 };
 
 // Builds the model: the limit rows, the restructured points and ASP. CI of 0 divides by zero.
@@ -118,6 +134,15 @@ void ScoreCurveHit(const ElefanModel& model, ElefanScratch& scratch, int s, floa
 // peaks and the curve's origin.
 float ComputeRn(const ElefanModel& model, const GrowthParams& p, ElefanScratch& scratch,
                 float* esp = nullptr, float* curveT0 = nullptr);
+
+// The curve's origin (t0) that the starting point (p.ss, p.sl) gives, with the faults of a bad
+// sampling month, a sample out of range or an impossible starting length.
+float CurveOrigin(const ElefanModel& model, const GrowthParams& p);
+
+// The walk of ComputeRn from a given origin. It reads Loo, K, C and WP of `p` but not the
+// starting point, so ComputeRn(p) is ComputeRnFromOrigin(p, CurveOrigin(p)).
+float ComputeRnFromOrigin(const ElefanModel& model, const GrowthParams& p, float curveT0,
+                          ElefanScratch& scratch, float* esp = nullptr);
 
 // Rn from the explained and available sums of peaks: 10 ^ (ESP / ASP) / 10, rounded to three
 // decimals as the method does (ESP = 0 gives 0.101, ESP = ASP gives 1.000).

@@ -2,9 +2,14 @@
 
 #include <algorithm>
 #include <atomic>
+#include <bit>
+#include <condition_variable>
 #include <exception>
+#include <functional>
 #include <limits>
+#include <mutex>
 #include <thread>
+#include <unordered_map>
 
 #include "base/basic.h"
 #include "base/fault.h"
@@ -23,25 +28,83 @@ constexpr size_t kChunk = 8;
 
 }  // namespace
 
+// Helpers 1..n-1 wait for a job; run() hands one to the first `count - 1` of them, does its
+// own share as worker 0 and returns when every helper it asked is done.
+class ParallelRn::Pool {
+  public:
+    explicit Pool(size_t helpers) {
+        for (size_t w = 1; w <= helpers; ++w) threads_.emplace_back([this, w] { loop(w); });
+    }
+    ~Pool() {
+        {
+            std::lock_guard lock(mutex_);
+            stop_ = true;
+        }
+        wake_.notify_all();
+        for (auto& t : threads_) t.join();
+    }
+    // `job` must not throw.
+    void run(size_t count, const std::function<void(size_t)>& job) {
+        {
+            std::lock_guard lock(mutex_);
+            job_ = &job;
+            count_ = count;
+            pending_ = count - 1;
+            ++generation_;
+        }
+        wake_.notify_all();
+        job(0);
+        std::unique_lock lock(mutex_);
+        done_.wait(lock, [this] { return pending_ == 0; });
+        job_ = nullptr;
+    }
+
+  private:
+    void loop(size_t w) {
+        uint64_t seen = 0;
+        for (;;) {
+            const std::function<void(size_t)>* job = nullptr;
+            {
+                std::unique_lock lock(mutex_);
+                wake_.wait(lock, [&] { return stop_ || generation_ != seen; });
+                if (stop_) return;
+                seen = generation_;
+                if (w >= count_) continue;  // not asked this time
+                job = job_;
+            }
+            (*job)(w);
+            std::lock_guard lock(mutex_);
+            if (--pending_ == 0) done_.notify_one();
+        }
+    }
+
+    std::mutex mutex_;
+    std::condition_variable wake_, done_;
+    const std::function<void(size_t)>* job_ = nullptr;
+    size_t count_ = 0, pending_ = 0;
+    uint64_t generation_ = 0;
+    bool stop_ = false;
+    std::vector<std::thread> threads_;
+};
+
 ParallelRn::ParallelRn(const RnScorer& scorer, int threads) : scorer_(scorer) {
     const int n = std::max(1, threads);
     for (int i = 0; i < n; ++i) workers_.push_back(scorer_.newWorker());
 }
 
-void ParallelRn::run(std::span<const GrowthParams> queries, std::span<float> out) {
-    const size_t n = queries.size();
-    if (out.size() < n) throw SubscriptFault("ParallelRn::run");
+ParallelRn::~ParallelRn() = default;
+
+template <class Score>
+void ParallelRn::spread(size_t n, Score&& score) {
     const size_t threads = std::min(workers_.size(), std::max<size_t>(1, n / kMinParallelBatch));
     if (threads <= 1) {
-        for (size_t i = 0; i < n; ++i) out[i] = workers_[0]->score(queries[i]);
+        for (size_t i = 0; i < n; ++i) score(*workers_[0], i);
         return;
     }
     std::atomic<size_t> next{0};
-    // The first fault of each thread, by query index; the lowest one is raised, as one thread
-    // working in order would have met it first.
     std::vector<size_t> faultAt(threads, std::numeric_limits<size_t>::max());
     std::vector<std::exception_ptr> faults(threads);
-    auto work = [&](size_t w) {
+    const std::function<void(size_t)> work = [&](size_t w) {
         for (;;) {
             const size_t begin = next.fetch_add(kChunk);
             if (begin >= n) return;
@@ -49,7 +112,7 @@ void ParallelRn::run(std::span<const GrowthParams> queries, std::span<float> out
             for (size_t i = begin; i < end; ++i) {
                 if (i > faultAt[w]) return;
                 try {
-                    out[i] = workers_[w]->score(queries[i]);
+                    score(*workers_[w], i);
                 } catch (...) {
                     faultAt[w] = i;
                     faults[w] = std::current_exception();
@@ -57,15 +120,89 @@ void ParallelRn::run(std::span<const GrowthParams> queries, std::span<float> out
             }
         }
     };
-    {
-        std::vector<std::jthread> pool;
-        for (size_t w = 1; w < threads; ++w) pool.emplace_back(work, w);
-        work(0);
-    }
+    if (!pool_) pool_ = std::make_unique<Pool>(workers_.size() - 1);
+    pool_->run(threads, work);
     size_t first = 0;
     for (size_t w = 1; w < threads; ++w)
         if (faultAt[w] < faultAt[first]) first = w;
     if (faults[first]) std::rethrow_exception(faults[first]);
+}
+
+void ParallelRn::run(std::span<const GrowthParams> queries, std::span<float> out) {
+    const size_t n = queries.size();
+    if (out.size() < n) throw SubscriptFault("ParallelRn::run");
+    if (workers_[0]->scoresByOrigin()) {
+        runByOrigin(queries, out);
+        return;
+    }
+    spread(n, [&](RnWorker& w, size_t i) { out[i] = w.score(queries[i]); });
+}
+
+namespace {
+
+// The bits of what a walk reads: Loo, K, C, WP and the origin.
+struct OriginKey {
+    std::array<uint32_t, 5> bits;
+    bool operator==(const OriginKey&) const = default;
+};
+
+struct OriginKeyHash {
+    size_t operator()(const OriginKey& key) const {
+        uint64_t h = 0x9E3779B97F4A7C15ull;
+        for (uint32_t b : key.bits) h = (h ^ b) * 0xBF58476D1CE4E5B9ull;
+        return static_cast<size_t>(h ^ (h >> 31));
+    }
+};
+
+OriginKey KeyOf(const GrowthParams& q, float origin) {
+    OriginKey key;
+    const float v[5] = {q.loo, q.k, q.c, q.wp, origin};
+    for (size_t i = 0; i < 5; ++i) key.bits[i] = std::bit_cast<uint32_t>(v[i]);
+    return key;
+}
+
+}  // namespace
+
+// Many starting pairs give a curve the same origin: the origin is formed from the starting
+// length and the time in the year of the starting sample, and the walk reads nothing else of
+// the starting point. Pairs that agree in the bits of Loo, K, C, WP and the 32-bit origin
+// therefore walk the same curve through the same table and score the same, so each distinct
+// setting is walked once and every pair takes its score. Faults keep their query order: the
+// origins are formed in order up to the first that faults; a walk's fault belongs to the first
+// pair of its setting, and the settings are walked in the order of their first pairs, so the
+// lowest walk fault is the lowest faulting pair; only without one is the origin's fault raised.
+void ParallelRn::runByOrigin(std::span<const GrowthParams> queries, std::span<float> out) {
+    const size_t n = queries.size();
+    RnWorker& first = *workers_[0];
+    std::unordered_map<OriginKey, uint32_t, OriginKeyHash> seen;
+    seen.reserve(n);
+    distinct_.clear();
+    distinctOrigin_.clear();
+    slot_.resize(n);
+    size_t formed = 0;
+    std::exception_ptr originFault;
+    for (; formed < n; ++formed) {
+        float origin = 0;
+        try {
+            origin = first.origin(queries[formed]);
+        } catch (...) {
+            originFault = std::current_exception();
+            break;
+        }
+        const auto [it, fresh] = seen.try_emplace(KeyOf(queries[formed], origin),
+                                                  static_cast<uint32_t>(distinct_.size()));
+        if (fresh) {
+            distinct_.push_back(queries[formed]);
+            distinctOrigin_.push_back(origin);
+        }
+        slot_[formed] = it->second;
+    }
+    distinctScore_.assign(distinct_.size(), 0);
+    spread(distinct_.size(), [&](RnWorker& w, size_t i) {
+        distinctScore_[i] = w.scoreFromOrigin(distinct_[i], distinctOrigin_[i]);
+    });
+    for (size_t i = 0; i < formed; ++i) out[i] = distinctScore_[slot_[i]];
+    if (originFault) std::rethrow_exception(originFault);
 }
 
 int DefaultSearchThreads() {

@@ -64,6 +64,12 @@ class RnWorker {
   public:
     virtual ~RnWorker() = default;
     virtual float score(const GrowthParams& q) = 0;
+    // A worker whose score reads the starting point only through the curve's origin says so;
+    // origin(q) then raises what score(q) would raise before its walk, and
+    // scoreFromOrigin(q, origin(q)) is score(q).
+    virtual bool scoresByOrigin() const { return false; }
+    virtual float origin(const GrowthParams& /*q*/) { return 0; }
+    virtual float scoreFromOrigin(const GrowthParams& q, float /*origin*/) { return score(q); }
 };
 
 // A restructured file that can be scored: the layout plus a factory of independent workers.
@@ -79,14 +85,31 @@ class RnScorer {
 class ParallelRn {
   public:
     ParallelRn(const RnScorer& scorer, int threads);
+    ~ParallelRn();
+    ParallelRn(const ParallelRn&) = delete;
+    ParallelRn& operator=(const ParallelRn&) = delete;
     int threads() const { return static_cast<int>(workers_.size()); }
     const RnLayout& layout() const { return scorer_.layout(); }
     float one(const GrowthParams& q) { return workers_[0]->score(q); }
     void run(std::span<const GrowthParams> queries, std::span<float> out);
 
   private:
+    // Calls score(worker, i) for i in 0..n-1 spread over the workers; the fault of the lowest
+    // i is raised, as one thread working in order would have met it first.
+    template <class Score>
+    void spread(size_t n, Score&& score);
+    void runByOrigin(std::span<const GrowthParams> queries, std::span<float> out);
+
+    // Helper threads, started at the first batch worth sharing and kept for every later one.
+    class Pool;
+
     const RnScorer& scorer_;
     std::vector<std::unique_ptr<RnWorker>> workers_;
+    std::unique_ptr<Pool> pool_;
+    // The distinct origins of the last batch and their scores, kept to save allocations.
+    std::vector<GrowthParams> distinct_;
+    std::vector<float> distinctOrigin_, distinctScore_;
+    std::vector<uint32_t> slot_;
 };
 
 // The number of threads used when none is asked for: every core.

@@ -12,6 +12,11 @@ class EngineWorker : public RnWorker {
     explicit EngineWorker(const ElefanModel& model) : model_(model), scratch_(model) {}
     // The curve's origin comes from the starting point; the query's t0 plays no part.
     float score(const GrowthParams& q) override { return ComputeRn(model_, q, scratch_); }
+    bool scoresByOrigin() const override { return true; }
+    float origin(const GrowthParams& q) override { return CurveOrigin(model_, q); }
+    float scoreFromOrigin(const GrowthParams& q, float t0) override {
+        return ComputeRnFromOrigin(model_, q, t0, scratch_);
+    }
 
   private:
     const ElefanModel& model_;
