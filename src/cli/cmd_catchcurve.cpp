@@ -7,6 +7,7 @@
 
 #include "base/format.h"
 #include "cli/cli_support.h"
+#include "cli/sample_options.h"
 #include "data/lfq_file.h"
 #include "mortality/catch_curve_run.h"
 #include "numerics/text_convert.h"
@@ -17,9 +18,7 @@ namespace {
 struct CatchCurveCliOptions {
     std::string path;
     std::string loo, k, c = "0", wp = "0", t0 = "0";
-    std::vector<int> samples;
-    std::string transform = "raw";
-    bool temporal = false;
+    SampleCliOptions sample;
     std::string points;
     bool extrapolate = false;
     std::optional<double> z, m, temperature;
@@ -57,20 +56,9 @@ void RunCatchCurve(Context& ctx, const CatchCurveCliOptions& o) {
     ctx.take(ValidateGrowthParams(opt.growth));
     const LfqData data = ctx.read(ReadLFQ(o.path));
 
-    opt.temporal = o.temporal;
-    if (o.transform == "percent")
-        opt.transform = CcTransform::Percent;
-    else if (o.transform == "sqrt")
-        opt.transform = CcTransform::SquareRoot;
-    if (!o.samples.empty()) {
-        opt.selected.assign(static_cast<size_t>(data.noOfSamples), false);
-        for (int s : o.samples) {
-            if (s < 1 || s > data.noOfSamples)
-                throw Refusal(kCcInvalidActionTitle,
-                              "There is no sample " + std::to_string(s) + " in the file.");
-            opt.selected[static_cast<size_t>(s - 1)] = true;
-        }
-    }
+    opt.temporal = o.sample.temporal;
+    opt.transform = TransformOf(o.sample);
+    opt.selected = SelectedSamples(o.sample, data.noOfSamples, kCcInvalidActionTitle);
     if (!o.points.empty()) {
         PointRange points;
         char colon = 0;
@@ -161,11 +149,7 @@ RegisterCommand reg{[](CLI::App& app, Context& ctx) {
     cmd->add_option("--c", o->c, "Amplitude of the seasonal oscillation (0 for none)");
     cmd->add_option("--wp", o->wp, "Winter point");
     cmd->add_option("--t0", o->t0, "Age at length zero");
-    cmd->add_option("--samples", o->samples, "Samples to include (1-based; default all)")
-        ->delimiter(',');
-    cmd->add_option("--transform", o->transform, "raw, percent or sqrt")
-        ->check(CLI::IsMember({"raw", "percent", "sqrt"}));
-    cmd->add_flag("--temporal", o->temporal, "Apply temporal weighting");
+    AddSampleOptions(cmd, o->sample);
     cmd->add_option("--points", o->points, "First and last point of the fit, FIRST:LAST");
     auto* ex =
         cmd->add_flag("--extrapolate", o->extrapolate, "Extrapolate the probabilities of capture");

@@ -5,6 +5,7 @@
 
 #include "base/format.h"
 #include "cli/cli_support.h"
+#include "cli/sample_options.h"
 #include "data/lfq_file.h"
 #include "numerics/text_convert.h"
 #include "plot/render/canvas_renderer.h"
@@ -18,9 +19,7 @@ namespace {
 struct RecruitmentCliOptions {
     std::string path;
     float loo = 0, k = 0, c = 0, wp = 0, t0 = 0;
-    std::vector<int> samples;
-    std::string transform = "raw";
-    bool temporal = false;
+    SampleCliOptions sample;
     bool restructured = false;
     std::vector<double> groups;
     std::string plot;
@@ -34,21 +33,10 @@ void RunRecruitment(Context& ctx, const RecruitmentCliOptions& o) {
     opt.growth.c = o.c;
     opt.growth.wp = o.wp;
     opt.growth.t0 = o.t0;
-    opt.temporal = o.temporal;
+    opt.temporal = o.sample.temporal;
     opt.restructured = o.restructured;
-    if (o.transform == "percent")
-        opt.transform = CcTransform::Percent;
-    else if (o.transform == "sqrt")
-        opt.transform = CcTransform::SquareRoot;
-    if (!o.samples.empty()) {
-        opt.selected.assign(static_cast<size_t>(data.noOfSamples), false);
-        for (int s : o.samples) {
-            if (s < 1 || s > data.noOfSamples)
-                throw Refusal(kInvalidDataTitle,
-                              "There is no sample " + std::to_string(s) + " in the file.");
-            opt.selected[static_cast<size_t>(s - 1)] = true;
-        }
-    }
+    opt.transform = TransformOf(o.sample);
+    opt.selected = SelectedSamples(o.sample, data.noOfSamples, kInvalidDataTitle);
     const RecruitmentResult r = DoRecruitment(data, opt);
     ctx.take(r);
     std::optional<NormsepResult> groups;
@@ -101,11 +89,7 @@ RegisterCommand reg{[](CLI::App& app, Context& ctx) {
     cmd->add_option("--c", o->c, "Amplitude of the seasonal oscillation (0 for none)");
     cmd->add_option("--wp", o->wp, "Winter point");
     cmd->add_option("--t0", o->t0, "Age at length zero");
-    cmd->add_option("--samples", o->samples, "Samples to include (1-based; default all)")
-        ->delimiter(',');
-    cmd->add_option("--transform", o->transform, "raw, percent or sqrt")
-        ->check(CLI::IsMember({"raw", "percent", "sqrt"}));
-    cmd->add_flag("--temporal", o->temporal, "Apply temporal weighting");
+    AddSampleOptions(cmd, o->sample);
     cmd->add_flag("--restructured", o->restructured, "Project the restructured data");
     cmd->add_option("--groups", o->groups, "Start positions of one or two normal groups")
         ->delimiter(',')

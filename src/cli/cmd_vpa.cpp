@@ -6,6 +6,7 @@
 
 #include "base/format.h"
 #include "cli/cli_support.h"
+#include "cli/sample_options.h"
 #include "data/lfq_file.h"
 #include "data/sample_readers.h"
 #include "plot/render/canvas_renderer.h"
@@ -26,9 +27,7 @@ struct LengthCliOptions {
     std::string path;
     double m = 0, ft = 0, loo = 0, k = 0, a = 0.0001, b = 3, raise = 0;
     int plus = 0;
-    std::vector<int> samples;
-    std::string transform = "raw";
-    bool temporal = false;
+    SampleCliOptions sample;
     std::string saveSpc;
     std::string species;
     std::string plot;
@@ -103,20 +102,9 @@ void RunLength(Context& ctx, const LengthCliOptions& o) {
     opt.b = static_cast<float>(o.b);
     opt.raise = static_cast<float>(o.raise);
     opt.plusGroups = o.plus;
-    opt.temporal = o.temporal;
-    if (o.transform == "percent")
-        opt.transform = CcTransform::Percent;
-    else if (o.transform == "sqrt")
-        opt.transform = CcTransform::SquareRoot;
-    if (!o.samples.empty()) {
-        opt.selected.assign(static_cast<size_t>(data.noOfSamples), false);
-        for (int s : o.samples) {
-            if (s < 1 || s > data.noOfSamples)
-                throw Refusal(kVpaNoSampleTitle,
-                              "There is no sample " + std::to_string(s) + " in the file.");
-            opt.selected[static_cast<size_t>(s - 1)] = true;
-        }
-    }
+    opt.temporal = o.sample.temporal;
+    opt.transform = TransformOf(o.sample);
+    opt.selected = SelectedSamples(o.sample, data.noOfSamples, kVpaNoSampleTitle);
     const LengthVpaResult r = RunLengthVpa(data, opt);
     ctx.take(r);
     if (!o.plot.empty()) {
@@ -185,11 +173,7 @@ RegisterCommand reg{[](CLI::App& app, Context& ctx) {
     len->add_option("--b", l->b, "Length-weight exponent b (default 3.0)");
     len->add_option("--raise", l->raise, "Catches are multiplied by 10^E");
     len->add_option("--plus", l->plus, "Number of plus-groups");
-    len->add_option("--samples", l->samples, "Samples to include (1-based; default all)")
-        ->delimiter(',');
-    len->add_option("--transform", l->transform, "raw, percent or sqrt")
-        ->check(CLI::IsMember({"raw", "percent", "sqrt"}));
-    len->add_flag("--temporal", l->temporal, "Apply temporal weighting");
+    AddSampleOptions(len, l->sample);
     len->add_option("--save-spc", l->saveSpc, "Write the result as a new species file (.spc)");
     len->add_option("--species", l->species, "Species name of the species file (default: file's)");
     len->add_option("--plot", l->plot, "Output picture: .png, .bmp, .svg or .pdf");
