@@ -55,7 +55,7 @@ FrmNormsepSimplex::FrmNormsepSimplex(ShellContext& ctx, QWidget* parent)
     auto* body = new QHBoxLayout;
     grid_ = MakeComponentGrid(this, groups_->value());
     grid_->setObjectName("spdNORMSEP");
-    grid_->setMinimumWidth(420);
+    grid_->setMinimumWidth(500);
     body->addWidget(grid_);
     plot_ = new PlotView(this);
     plot_->setMinimumSize(420, 320);

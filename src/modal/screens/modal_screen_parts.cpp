@@ -13,7 +13,9 @@ QTableWidget* MakeComponentGrid(QWidget* parent, int rows) {
     for (const char* h : kComponentColumns) headers << h;
     grid->setHorizontalHeaderLabels(headers);
     grid->verticalHeader()->setVisible(false);
-    grid->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    // Columns as wide as their headings and numbers, so that no heading is cut.
+    grid->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    grid->horizontalHeader()->setStretchLastSection(true);
     return grid;
 }
 
