@@ -39,7 +39,7 @@ void RunRecruitment(Context& ctx, const RecruitmentCliOptions& o) {
     opt.selected = SelectedSamples(o.sample, data.noOfSamples, kInvalidDataTitle);
     const RecruitmentResult r = DoRecruitment(data, opt);
     ctx.take(r);
-    std::optional<NormsepResult> groups;
+    std::optional<RecruitmentGroupsResult> groups;
     if (!o.groups.empty()) {
         groups = DoNORMSEP(r.pattern, o.groups[0], o.groups.size() > 1 ? o.groups[1] : 0);
         ctx.take(*groups);

@@ -44,14 +44,14 @@ Outcome Update(const std::array<float, 13>& v, const std::array<double, 13>& par
 
 }  // namespace
 
-double NormsepResult::curve(int group, double position) const {
+double RecruitmentGroupsResult::curve(int group, double position) const {
     const NormalGroup& g = groups.at(static_cast<size_t>(group));
     const double z = Div(position - g.mean, g.sd);
     return total * g.proportion * std::exp(-z * z / 2) / (g.sd * std::sqrt(6.28318530717958));
 }
 
-NormsepResult DoNORMSEP(const std::array<float, 13>& v, double start1, double start2) {
-    NormsepResult r;
+RecruitmentGroupsResult DoNORMSEP(const std::array<float, 13>& v, double start1, double start2) {
+    RecruitmentGroupsResult r;
     if (!(start1 > 0)) return r;
     const int G = start2 > 0 ? 2 : 1;
     if (G == 2 && start1 == start2) {

@@ -28,7 +28,7 @@ struct NormalGroup {
     double mean = 0, sd = 0, proportion = 0;
 };
 
-struct NormsepResult : Outcome {
+struct RecruitmentGroupsResult : Outcome {
     std::vector<NormalGroup> groups;  // empty when nothing was asked (first start at or below 0)
     int passes = 0;
     double logLikelihood = 0;  // log10
@@ -39,6 +39,7 @@ struct NormsepResult : Outcome {
 
 // The decomposition of values 1..12 (index 0 unused) from the start positions of group 1 and
 // group 2 (group 2 at or below 0: one group).
-NormsepResult DoNORMSEP(const std::array<float, 13>& values, double start1, double start2);
+RecruitmentGroupsResult DoNORMSEP(const std::array<float, 13>& values, double start1,
+                                  double start2);
 
 }  // namespace norvo

@@ -48,7 +48,7 @@ void DrawRecruitment(ChartCanvas& canvas, const RecruitmentResult& run) {
 }
 
 void DrawRecruitmentGroups(ChartCanvas& canvas, const RecruitmentResult& run,
-                           const NormsepResult& groups) {
+                           const RecruitmentGroupsResult& groups) {
     const double yScale = kHeight / RecruitmentTop(run);
     canvas.SetPen(PenStyle::Solid, 2);
     for (size_t g = 0; g < groups.groups.size(); ++g) {
@@ -65,8 +65,8 @@ void DrawRecruitmentGroups(ChartCanvas& canvas, const RecruitmentResult& run,
 }
 
 ReportDescriptor RecruitmentReport(const LfqData& source, const GrowthParams& growth,
-                                   const RecruitmentResult& run, const NormsepResult* groups,
-                                   std::time_t when) {
+                                   const RecruitmentResult& run,
+                                   const RecruitmentGroupsResult* groups, std::time_t when) {
     auto rep = MakeReport("frmOutRecruit", kRcReportTitle, source.speciesname, when);
     auto& in = rep.addSection("Data", false);
     in.fields.push_back({"File:", source.path});

@@ -23,10 +23,11 @@ inline double RecruitmentX(double position) {
 void DrawRecruitment(ChartCanvas& canvas, const RecruitmentResult& run);
 // The curves of a decomposition over the bars already drawn.
 void DrawRecruitmentGroups(ChartCanvas& canvas, const RecruitmentResult& run,
-                           const NormsepResult& groups);
+                           const RecruitmentGroupsResult& groups);
 
 ReportDescriptor RecruitmentReport(const LfqData& source, const GrowthParams& growth,
-                                   const RecruitmentResult& run, const NormsepResult* groups,
+                                   const RecruitmentResult& run,
+                                   const RecruitmentGroupsResult* groups,
                                    std::time_t when = std::time(nullptr));
 
 }  // namespace norvo

@@ -1,3 +1,4 @@
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -48,7 +49,7 @@ TEST(GinGrowthCli, RefusalsAndTheSilentNoResult) {
     EXPECT_EQ(j["refused"]["title"], "Invalid Action...");
     // Fewer than 3 rows: no notice, no result, exit 2.
     std::string many;
-    for (int i = 3; i <= 40; ++i) many += (many.empty() ? "" : ",") + std::to_string(i);
+    for (int i = 3; i <= 40; ++i) many += fmt::format("{}{}", many.empty() ? "" : ",", i);
     r = test::RunCli("--json gulland " + SimTag() + " --deselect " + many);
     EXPECT_EQ(r.exitCode, 2);
     j = nlohmann::json::parse(r.out);

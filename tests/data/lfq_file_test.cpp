@@ -1,5 +1,6 @@
 #include "data/lfq_file.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -195,7 +196,7 @@ TEST(LfqFile, HeaderReaderCountsClassesForIntervalsThatAreNotBinaryFractions) {
             LfqHeader header = SomeHeader();
             header.smallestMl = static_cast<float>(smallest);
             header.classInterval = static_cast<float>(interval);
-            const std::string path = NewLfq(dir, "s" + std::to_string(pair++) + ".lfq");
+            const std::string path = NewLfq(dir, fmt::format("s{}.lfq", pair++));
             WriteLfqFile(path, header, {SampleOn(1, 1, 1, 2000)},
                          std::vector<std::vector<double>>(classes, {1.0}));
             const ReadResult<LfqHeader> h = ReadLfqHeader(path);

@@ -40,7 +40,7 @@ struct FrmRecruit::State {
     LfqData data;
     GrowthParams growth;
     std::optional<RecruitmentResult> run;
-    std::optional<NormsepResult> groups;
+    std::optional<RecruitmentGroupsResult> groups;
 };
 
 FrmRecruit::FrmRecruit(ShellContext& ctx, QWidget* parent)
@@ -166,7 +166,7 @@ FrmRecruit::~FrmRecruit() = default;
 const RecruitmentResult* FrmRecruit::run() const {
     return st_->run ? &*st_->run : nullptr;
 }
-const NormsepResult* FrmRecruit::decomposition() const {
+const RecruitmentGroupsResult* FrmRecruit::decomposition() const {
     return st_->groups ? &*st_->groups : nullptr;
 }
 
@@ -231,7 +231,7 @@ void FrmRecruit::DoNORMSEP() {
                              Buttons::Ok, Icon::Warning});
         return;
     }
-    NormsepResult groups = norvo::DoNORMSEP(st_->run->pattern, *g1, *g2);
+    RecruitmentGroupsResult groups = norvo::DoNORMSEP(st_->run->pattern, *g1, *g2);
     if (!ShowNotices(groups, ctx_.dialogs) || groups.groups.empty()) return;
     st_->groups = std::move(groups);
     DrawRecruitment(plot_->canvas(), *st_->run);

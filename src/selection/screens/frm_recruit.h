@@ -18,7 +18,7 @@ class QTabWidget;
 
 namespace norvo {
 struct RecruitmentResult;
-struct NormsepResult;
+struct RecruitmentGroupsResult;
 }  // namespace norvo
 
 namespace norvo::gui {
@@ -61,7 +61,7 @@ class FrmRecruit : public QWidget {
     PlotView* plot() const { return plot_; }
     QTableWidget* table() const { return table_; }
     const RecruitmentResult* run() const;
-    const NormsepResult* decomposition() const;
+    const RecruitmentGroupsResult* decomposition() const;
 
   private:
     struct State;

@@ -1,5 +1,6 @@
 #include "growth/screens/frm_laa_analysis.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <QLabel>
@@ -42,8 +43,7 @@ struct FrmLaaTest : ::testing::Test {
     test::TempDir dir;
 
     std::string file(const std::vector<test::LaaRowIn>& rows, const std::string& unit = "year") {
-        const auto path =
-            test::MakeLaaFile(dir.file("f" + std::to_string(++count) + ".laa"), rows, unit);
+        const auto path = test::MakeLaaFile(dir.file(fmt::format("f{}.laa", ++count)), rows, unit);
         settings.setRunTime(kKeyLastActive, path);
         return path;
     }
