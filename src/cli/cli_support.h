@@ -12,6 +12,8 @@
 #include "base/outcome.h"
 #include "base/settings_store.h"
 #include "data/read_result.h"
+#include "data/store_routines.h"
+#include "data/write_notices.h"
 
 namespace norvo::cli {
 
@@ -25,6 +27,11 @@ struct Refusal : std::runtime_error {
     Refusal(std::string t, const std::string& message)
         : std::runtime_error(message), title(std::move(t)) {}
 };
+
+// A file the user already has is not replaced unless the command was given --force.
+inline void KeepExisting(const std::string& path, bool force) {
+    if (!force && FileExists(path)) throw Refusal(kCreateFileTitle, FileExistsText(path));
+}
 
 // What every command gets: the options common to all and the headless services.
 struct Context {

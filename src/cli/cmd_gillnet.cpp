@@ -14,14 +14,13 @@
 namespace norvo::cli {
 namespace {
 
-inline constexpr const char* kFileExistsTitle = "Save File...";
-
 struct GillnetCliOptions {
     std::string path;
     int small = 0, big = 0;
     std::vector<std::string> mesh;
     bool logNormal = false;
     std::string save, plot;
+    bool force = false;
 };
 
 std::optional<float> Mesh(const std::vector<std::string>& mesh, size_t i) {
@@ -64,10 +63,7 @@ void RunGillnet(Context& ctx, const GillnetCliOptions& o) {
 
     if (!o.save.empty()) {
         const GillnetFiles files = GillnetFileNames(o.save);
-        for (const auto* p : {&files.sum, &files.net1, &files.net2})
-            if (std::filesystem::exists(*p))
-                throw Refusal(kFileExistsTitle,
-                              "The file " + *p + " exists already. Please choose another name.");
+        for (const auto* p : {&files.sum, &files.net1, &files.net2}) KeepExisting(*p, o.force);
         SavePRBAll(files, ctx.programFolder, data, r);
     }
     if (!o.plot.empty()) {
@@ -120,6 +116,7 @@ RegisterCommand reg{[](CLI::App& app, Context& ctx) {
         ->delimiter(',');
     cmd->add_flag("--lognormal", o->logNormal, "Regress on the log of the midlengths");
     cmd->add_option("--save", o->save, "Write BASE.PRB, BASE1.PRB and BASE2.PRB");
+    cmd->add_flag("--force", o->force, "Replace the PRB files when they exist");
     cmd->add_option("--plot", o->plot,
                     "Write the curves here, the ratio and catch plots beside it (_ratio, _catch)");
     cmd->callback([&ctx, o] { RunGillnet(ctx, *o); });

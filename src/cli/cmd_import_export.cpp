@@ -25,11 +25,6 @@ struct DosArgs {
     bool force = false;
 };
 
-// A file the user already has is not replaced unless asked for with --force.
-void KeepExisting(const std::string& out, bool force) {
-    if (FileExists(out) && !force) throw Refusal(kCreateFileTitle, FileExistsText(out));
-}
-
 void Done(Context& ctx, const std::string& what, const std::string& path) {
     if (ctx.json) {
         ctx.print({{what, path}});

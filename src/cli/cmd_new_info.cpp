@@ -37,7 +37,7 @@ std::string ToText(const nlohmann::json& j) {
 
 void RunNew(Context& ctx, const std::string& path, bool force) {
     // The "Create File" question is answered No for a file that exists, unless forced.
-    if (FileExists(path) && !force) throw Refusal(kCreateFileTitle, FileExistsText(path));
+    KeepExisting(path, force);
     if (!CreateFromTemplate(path, ctx.programFolder, ctx.dialogs)) ctx.refuseWithLastNotice();
     const FileKind* kind = KindOfFile(path);
     if (ctx.json) {

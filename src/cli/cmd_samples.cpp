@@ -16,7 +16,6 @@
 namespace norvo::cli {
 namespace {
 
-inline constexpr const char* kExistsTitle = "File exists";
 inline constexpr const char* kUsageTitle = "Invalid Action";
 
 struct ToolArgs {
@@ -65,9 +64,7 @@ std::vector<int> SampleList(const std::string& text) {
 }
 
 void CheckDestination(const ToolArgs& a) {
-    if (!a.overwrite && FileExists(a.destination))
-        throw Refusal(kExistsTitle, "Not overwriting the existing file " + a.destination +
-                                        " (give --force to replace it)");
+    KeepExisting(a.destination, a.overwrite);
 }
 
 void PrintTable(Context& ctx, const SampleFileRun& run, const std::string& path) {

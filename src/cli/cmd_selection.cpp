@@ -15,6 +15,7 @@ struct SelectionCliOptions {
     bool runningAverage = false;
     std::vector<int> select;
     std::string save;
+    bool force = false;
 };
 
 void RunSelection(Context& ctx, const SelectionCliOptions& o) {
@@ -41,6 +42,7 @@ void RunSelection(Context& ctx, const SelectionCliOptions& o) {
     } else {
         curve = RunningAverage(in);
     }
+    if (!o.save.empty()) KeepExisting(o.save, o.force);
     if (!o.save.empty())
         ctx.take(SaveProbabilities(
             o.save, ctx.programFolder,
@@ -71,6 +73,7 @@ RegisterCommand reg{[](CLI::App& app, Context& ctx) {
         ->delimiter(',')
         ->needs(logit);
     cmd->add_option("--save", o->save, "Write the probabilities to a PRB file");
+    cmd->add_flag("--force", o->force, "Replace the PRB file when it exists");
     cmd->callback([&ctx, o] {
         if (!o->logit && !o->runningAverage)
             throw CLI::ValidationError("selection", "choose --logit or --running-average");

@@ -19,6 +19,7 @@ struct SimulateOptions {
     std::vector<double> recruitment;
     std::vector<std::string> areas;  // extra areas "NAME:L50,L75,R75,R50,FMAX"
     bool negligible = false;
+    bool force = false;
 };
 
 SelectionRow ParseArea(const std::string& text) {
@@ -76,6 +77,8 @@ void RunSimulate(Context& ctx, SimulateOptions& o) {
     }
     for (const auto& a : o.areas) in.selection.push_back(ParseArea(a));
 
+    KeepExisting(o.stockPath, o.force);
+    KeepExisting(o.catchPath, o.force);
     const SimulationRun run = RunSimulation(in, o.stockPath, o.catchPath, ctx.programFolder);
     ctx.take(run);
     const SimulationResult& r = run.result;
@@ -159,6 +162,7 @@ RegisterCommand reg{[](CLI::App& app, Context& ctx) {
     cmd->add_option("--fmax", sel.fmax, "F(max), the greatest F the cohort meets")
         ->capture_default_str();
     cmd->add_flag("--negligible", o->negligible, "Deselection of large fish is negligible");
+    cmd->add_flag("--force", o->force, "Replace STOCK and CATCH when they exist");
     cmd->add_option("--area", o->areas,
                     "A further area of the selection table: NAME:L50,L75,R75,R50,FMAX "
                     "(the first area is A)");

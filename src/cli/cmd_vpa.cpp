@@ -1,6 +1,5 @@
 // norvo-cli vpa age FILE.caa ... and vpa length FILE.lfq ...: virtual population analysis by
 // age group and by length class, with the stacked-bar plot and, by length, the species file.
-#include <filesystem>
 #include <memory>
 #include <optional>
 
@@ -29,6 +28,7 @@ struct LengthCliOptions {
     int plus = 0;
     SampleCliOptions sample;
     std::string saveSpc;
+    bool force = false;
     std::string species;
     std::string plot;
 };
@@ -89,9 +89,7 @@ void SaveLengthVpaSpecies(const Context& ctx, const LfqData& data, const LengthV
 
 void RunLength(Context& ctx, const LengthCliOptions& o) {
     // The species file is new: an existing file is never overwritten.
-    if (!o.saveSpc.empty() && std::filesystem::exists(o.saveSpc))
-        throw Refusal("File Exists",
-                      "The file " + o.saveSpc + " already exists. Please choose another name.");
+    if (!o.saveSpc.empty()) KeepExisting(o.saveSpc, o.force);
     const LfqData data = ctx.read(ReadLFQ(o.path));
     LengthVpaOptions opt;
     opt.m = static_cast<float>(o.m);
@@ -175,6 +173,7 @@ RegisterCommand reg{[](CLI::App& app, Context& ctx) {
     len->add_option("--plus", l->plus, "Number of plus-groups");
     AddSampleOptions(len, l->sample);
     len->add_option("--save-spc", l->saveSpc, "Write the result as a new species file (.spc)");
+    len->add_flag("--force", l->force, "Replace the species file when it exists");
     len->add_option("--species", l->species, "Species name of the species file (default: file's)");
     len->add_option("--plot", l->plot, "Output picture: .png, .bmp, .svg or .pdf");
     len->callback([&ctx, l] { RunLength(ctx, *l); });

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
+#include "data/write_notices.h"
 #include "mortality/catch_curve.h"
 #include "mortality/pauly_m.h"
 #include "selection/selection.h"
@@ -85,6 +86,11 @@ TEST(SelectionCli, LogitRunningAverageAndSave) {
     j = nlohmann::json::parse(r.out);
     EXPECT_LT(j["L25"].get<double>(), j["L75"].get<double>());
     EXPECT_TRUE(fs::exists(out));
+    // A second save keeps the file it would replace, unless forced.
+    r = test::RunCli("--json selection " + prb + " --logit --save " + out);
+    EXPECT_EQ(r.exitCode, 2);
+    EXPECT_EQ(nlohmann::json::parse(r.out)["refused"]["message"], FileExistsText(out));
+    EXPECT_EQ(test::RunCli("selection " + prb + " --logit --save " + out + " --force").exitCode, 0);
 
     r = test::RunCli("--json selection " + prb + " --logit --select 2,3");
     EXPECT_EQ(r.exitCode, 2);

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
+#include "data/write_notices.h"
 #include "support/test_paths.h"
 
 namespace norvo {
@@ -56,11 +57,16 @@ TEST(CliSimulate, RefusesBadInputsWithTheScreensMessages) {
     // With a second area the route is valid.
     r = RunCli("simulate " + files + " --migrate --area B:9.5,12,50,51,2 --samples 2 --fish 5");
     EXPECT_EQ(r.exitCode, 0) << r.err;
+    // The files it wrote are kept by the next run, unless it is forced.
+    r = RunCli("simulate " + files + " --samples 2 --fish 5");
+    EXPECT_EQ(r.exitCode, 2);
+    EXPECT_NE(r.err.find(FileExistsText(dir.file("s.lfq"))), std::string::npos) << r.err;
+    EXPECT_EQ(RunCli("simulate " + files + " --samples 2 --fish 5 --force").exitCode, 0);
 
-    r = RunCli("simulate " + files + " --k-cv 0.9");
+    r = RunCli("simulate " + files + " --force --k-cv 0.9");
     EXPECT_EQ(r.exitCode, 2);
     EXPECT_NE(r.err.find("Invalid Input..."), std::string::npos);
-    r = RunCli("simulate " + files + " --recruitment 1 2 3");
+    r = RunCli("simulate " + files + " --force --recruitment 1 2 3");
     EXPECT_EQ(r.exitCode, 2);
 }
 
