@@ -42,11 +42,12 @@ void RunSelection(Context& ctx, const SelectionCliOptions& o) {
     } else {
         curve = RunningAverage(in);
     }
-    if (!o.save.empty()) KeepExisting(o.save, o.force);
-    if (!o.save.empty())
+    if (!o.save.empty()) {
+        KeepExisting(o.save, o.force);
         ctx.take(SaveProbabilities(
             o.save, ctx.programFolder,
             {prb.header.speciesname, prb.header.otherId, prb.header.unitOfMeasurement}, in));
+    }
     if (ctx.json) {
         ctx.print({{"L25", curve.l25},
                    {"L50", curve.l50},
