@@ -12,6 +12,7 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include "app/active_file.h"
 #include "base/settings_store.h"
 #include "growth/growth_increments.h"
 #include "widgets/command_boundary.h"
@@ -130,12 +131,8 @@ GrowthIncrementScreen::GrowthIncrementScreen(ShellContext& ctx, const std::strin
 GrowthIncrementScreen::~GrowthIncrementScreen() = default;
 
 void GrowthIncrementScreen::loadLastActive() {
-    const std::string last = ctx_.settings.runTime(kKeyLastActive, kNoActiveFile);
-    if (last.size() > 4) {
-        std::string ext = last.substr(last.size() - 4);
-        for (auto& ch : ext) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
-        if (ext == ".GIN") Initialize(last);
-    }
+    const ActiveFileSet active(ctx_.settings);
+    if (active.serves("GIN")) Initialize(active.path());
 }
 
 void GrowthIncrementScreen::Initialize(const std::string& path) {

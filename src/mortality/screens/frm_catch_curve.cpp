@@ -12,6 +12,7 @@
 #include <limits>
 #include <optional>
 
+#include "app/active_file.h"
 #include "base/outcome.h"
 #include "base/settings_store.h"
 #include "data/lfq_file.h"
@@ -180,12 +181,8 @@ FrmCatchCurve::FrmCatchCurve(ShellContext& ctx, QWidget* parent)
     connect(plot_, &PlotView::resized, this, Guarded(dialogs, [this] { redraw(); }));
 
     clearForChange();
-    const std::string last = ctx_.settings.runTime(kKeyLastActive, kNoActiveFile);
-    if (last.size() > 4) {
-        std::string ext = last.substr(last.size() - 4);
-        for (auto& ch : ext) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
-        if (ext == ".LFQ") Initialize(last);
-    }
+    const ActiveFileSet active(ctx_.settings);
+    if (active.serves("LFQ")) Initialize(active.path());
 }
 
 // The mortality dialogue may outlive this screen's own part of the object (it is parented to the

@@ -14,6 +14,7 @@
 #include <limits>
 #include <optional>
 
+#include "app/active_file.h"
 #include "base/settings_store.h"
 #include "selection/gillnet.h"
 #include "selection/gillnet_plot.h"
@@ -140,12 +141,8 @@ FrmGillNet::FrmGillNet(ShellContext& ctx, QWidget* parent)
                     if (st_->run) PlotGillnet();
                 }));
 
-    const std::string last = ctx_.settings.runTime(kKeyLastActive, kNoActiveFile);
-    if (last.size() > 4) {
-        std::string ext = last.substr(last.size() - 4);
-        for (auto& ch : ext) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
-        if (ext == ".LFQ") Initialize(last);
-    }
+    const ActiveFileSet active(ctx_.settings);
+    if (active.serves("LFQ")) Initialize(active.path());
 }
 
 FrmGillNet::~FrmGillNet() = default;

@@ -2,6 +2,7 @@
 
 #include <QPushButton>
 
+#include "app/active_file.h"
 #include "base/settings_store.h"
 #include "data/sample_readers.h"
 #include "selection/selection.h"
@@ -20,12 +21,8 @@ FrmProbability2::FrmProbability2(ShellContext& ctx, QWidget* parent) : FrmProbab
                     ctx_.dialogs.openFile({kProbOpenTitle, kProbPrbFilter, {}, "prb", {}, true});
                 if (path) openFile(*path);
             }));
-    const std::string last = ctx_.settings.runTime(kKeyLastActive, kNoActiveFile);
-    if (last.size() > 4) {
-        std::string ext = last.substr(last.size() - 4);
-        for (auto& ch : ext) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
-        if (ext == ".PRB") openFile(last);
-    }
+    const ActiveFileSet active(ctx_.settings);
+    if (active.serves("PRB")) openFile(active.path());
 }
 
 bool FrmProbability2::openFile(const std::string& path) {

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "app/active_file.h"
 #include "base/settings_store.h"
 #include "selection/recruitment.h"
 #include "selection/recruitment_normsep.h"
@@ -153,12 +154,8 @@ FrmRecruit::FrmRecruit(ShellContext& ctx, QWidget* parent)
             }));
 
     clearResults();
-    const std::string last = ctx_.settings.runTime(kKeyLastActive, kNoActiveFile);
-    if (last.size() > 4) {
-        std::string ext = last.substr(last.size() - 4);
-        for (auto& ch : ext) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
-        if (ext == ".LFQ") Initialize(last);
-    }
+    const ActiveFileSet active(ctx_.settings);
+    if (active.serves("LFQ")) Initialize(active.path());
 }
 
 FrmRecruit::~FrmRecruit() = default;

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 #include <optional>
 
+#include "app/active_file.h"
 #include "base/settings_store.h"
 #include "numerics/validators.h"
 #include "stock/vpa_age.h"
@@ -98,12 +99,8 @@ FrmVpa1::FrmVpa1(ShellContext& ctx, QWidget* parent)
     connect(plot_, &PlotView::resized, this, Guarded(dialogs, [this] { redraw(); }));
 
     clearResult();
-    const std::string last = ctx_.settings.runTime(kKeyLastActive, kNoActiveFile);
-    if (last.size() > 4) {
-        std::string ext = last.substr(last.size() - 4);
-        for (auto& ch : ext) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
-        if (ext == ".CAA") Initialize(last);
-    }
+    const ActiveFileSet active(ctx_.settings);
+    if (active.serves("CAA")) Initialize(active.path());
     if (!st_->data) file_->setText(kNoActiveFile);
 }
 

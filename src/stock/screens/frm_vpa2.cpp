@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 #include <optional>
 
+#include "app/active_file.h"
 #include "base/settings_store.h"
 #include "growth/growth_settings.h"
 #include "mortality/catch_curve.h"
@@ -128,12 +129,8 @@ FrmVpa2::FrmVpa2(ShellContext& ctx, QWidget* parent)
     const auto stored = ReadGrowthSettings(ctx_.settings);
     if (stored[0]) SetBoxNumber(params_[kLoo], stored[0]->value, stored[0]->pattern);
     if (stored[1]) SetBoxNumber(params_[kK], stored[1]->value, stored[1]->pattern);
-    const std::string last = ctx_.settings.runTime(kKeyLastActive, kNoActiveFile);
-    if (last.size() > 4) {
-        std::string ext = last.substr(last.size() - 4);
-        for (auto& ch : ext) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
-        if (ext == ".LFQ") Initialize(last);
-    }
+    const ActiveFileSet active(ctx_.settings);
+    if (active.serves("LFQ")) Initialize(active.path());
 }
 
 FrmVpa2::~FrmVpa2() = default;
