@@ -8,6 +8,7 @@
 #include "base/fault.h"
 #include "base/format.h"
 #include "growth/vbgf.h"
+#include "mortality/length_samples.h"
 #include "numerics/validators.h"
 
 namespace norvo {
@@ -173,32 +174,13 @@ CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& o) 
         Refuse(run, kCcInvalidInputTitle, kCcLooBelowDataText);
         return run;
     }
-    auto selected = [&](int s) {
-        return o.selected.empty() || (s < static_cast<int>(o.selected.size()) && o.selected[s]);
-    };
-    bool any = false;
-    for (int s = 0; s < nS; ++s) any = any || selected(s);
-    if (!any) {
+    if (!AnySampleSelected(o.selected, nS)) {
         Refuse(run, kCcInvalidActionTitle, kCcNoDataSelectedText);
         return run;
     }
-
-    auto freq = data.freq;
-    if (o.transform != CcTransform::Raw) {
-        const auto totals = SampleTotals(freq);
-        for (int s = 0; s < nS && s < static_cast<int>(totals.size()); ++s) {
-            if (totals[static_cast<size_t>(s)] == 0) {
-                Refuse(run, kCcEmptySampleTitle, EmptySampleText(s + 1));
-                return run;
-            }
-        }
-    }
-    TransformSamples(freq, o.transform);
-    if (o.temporal) {
-        const auto weights = TemporalWeights(data);
-        for (auto& row : freq)
-            for (int s = 0; s < nS; ++s) row[static_cast<size_t>(s)] *= weights[s];
-    }
+    run.absorb(CheckEmptySamples(data, o.transform));
+    if (!run.ok()) return run;
+    const auto freq = PreparedFrequencies(data, o.transform, o.temporal);
 
     run.X.assign(static_cast<size_t>(nC) + 1, 0.f);
     run.Y.assign(static_cast<size_t>(nC) + 1, 0.f);
@@ -207,10 +189,7 @@ CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& o) 
     auto F = [&](int s, int j) { return freq[static_cast<size_t>(j - 1)][static_cast<size_t>(s)]; };
 
     if (!run.seasonal) {
-        for (int s = 0; s < nS; ++s) {
-            if (!selected(s)) continue;
-            for (int j = 1; j <= nC; ++j) At(run.N, j) = R4(At(run.N, j) + F(s, j));
-        }
+        run.N = PoolSelectedSamples(freq, o.selected);
         if (Div(run.lower, looD) >= 0.999) {
             Refuse(run, kCcNotEnoughDataTitle, kCcNoLineFromDataText);
             return run;

@@ -6,6 +6,7 @@
 #include "base/basic.h"
 #include "base/checked.h"
 #include "data/store_routines.h"
+#include "mortality/length_samples.h"
 
 namespace norvo {
 
@@ -80,16 +81,7 @@ Outcome CheckLengthVpa(const LfqData& data, const LengthVpaOptions& o) {
                                o.loo) < 1) {
         out.refuse(kVpaLooInFirstClassText, kVpaLengthInputTitle);
     }
-    if (!out.ok() || o.transform == CcTransform::Raw) return out;
-    // Percent and square root divide each sample by its own total.
-    for (int s = 0; s < nS; ++s) {
-        double total = 0;
-        for (const auto& row : data.freq) total += row[static_cast<size_t>(s)];
-        if (total == 0) {
-            out.refuse(EmptySampleText(s + 1), kCcEmptySampleTitle, Icon::Information);
-            break;
-        }
-    }
+    if (out.ok()) out.absorb(CheckEmptySamples(data, o.transform));
     return out;
 }
 
