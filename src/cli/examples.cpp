@@ -50,6 +50,8 @@ const std::map<std::string, std::string>& Examples() {
         {"elefan search", "norvo-cli elefan search Data/Simull01.LFQ --loo 40:1 --k 0.5:0.05"},
         {"catchcurve",
          "norvo-cli catchcurve Data/Simull01.LFQ --loo 40 --k 0.5 --extrapolate --m 0.8"},
+        {"pw", "norvo-cli pw Data/Simull01.LFQ --first 8 --plot pw.png"},
+        {"jvz", "norvo-cli jvz catches.lfq --loo 40 --k 0.5 --points 8:14 --plot jvz.png"},
         {"lmax", "norvo-cli lmax Data/Simull01.LFQ --plot lmax.png"},
         {"mortality", "norvo-cli mortality pauly --length --size 40 --k 0.5 --t 27"},
         {"mortality bh", "norvo-cli mortality bh --loo 40 --k 0.5 --lmean 25 --lc 15"},
