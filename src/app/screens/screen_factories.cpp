@@ -11,6 +11,7 @@
 #include "growth/screens/frm_laa_analysis.h"
 #include "growth/screens/frm_lmax.h"
 #include "growth/screens/frm_phi_prime.h"
+#include "growth/screens/frm_pw_plot.h"
 #include "growth/screens/frm_vbgf_plot.h"
 #include "modal/screens/frm_bhattac_vrd.h"
 #include "modal/screens/frm_linking.h"
@@ -19,6 +20,7 @@
 #include "mortality/screens/frm_bh_mort.h"
 #include "mortality/screens/frm_catch_curve.h"
 #include "mortality/screens/frm_hoenig.h"
+#include "mortality/screens/frm_jones_zalinge.h"
 #include "mortality/screens/frm_munro2.h"
 #include "mortality/screens/frm_pauly_m.h"
 #include "mortality/screens/frm_rik_efa.h"
@@ -54,6 +56,12 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
         {"frmPhiPrime",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmPhiPrime(ctx, parent);
+         }},
+        {"frmPWPlot",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmPwPlot(ctx, parent); }},
+        {"frmJonesZalinge",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmJonesZalinge(ctx, parent);
          }},
         {"frmBHMort",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmBhMort(ctx, parent); }},
