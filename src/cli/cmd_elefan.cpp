@@ -15,6 +15,27 @@ CLI::App& ElefanCommand(CLI::App& app) {
     return *cmd;
 }
 
+namespace {
+
+inline constexpr const char* kBadPairTitle = "Invalid Input";
+inline constexpr const char* kBadPair = "Expected two numbers separated by ':' in ";
+
+}  // namespace
+
+std::pair<float, float> ParsePair(const std::string& text, const std::string& option) {
+    const auto colon = text.find(':');
+    float a = 0, b = 0;
+    if (colon != std::string::npos) {
+        const char* p = text.data();
+        const auto ra = std::from_chars(p, p + colon, a);
+        const auto rb = std::from_chars(p + colon + 1, p + text.size(), b);
+        if (ra.ec == std::errc() && ra.ptr == p + colon && rb.ec == std::errc() &&
+            rb.ptr == p + text.size())
+            return {a, b};
+    }
+    throw Refusal(kBadPairTitle, kBadPair + option + ": " + text);
+}
+
 double Shortest(float v) {
     char buf[32];
     const auto res = std::to_chars(buf, buf + sizeof buf, v);

@@ -26,23 +26,6 @@ namespace {
 
 inline constexpr const char* kPlotFailedTitle = "Plot";
 inline constexpr const char* kPlotFailed = "The plot could not be written to ";
-inline constexpr const char* kBadPairTitle = "Invalid Input";
-inline constexpr const char* kBadPair = "Expected two numbers separated by ':' in ";
-
-// "A:B" as two 32-bit floats.
-std::pair<float, float> ParsePair(const std::string& text, const std::string& option) {
-    const auto colon = text.find(':');
-    float a = 0, b = 0;
-    if (colon != std::string::npos) {
-        const char* p = text.data();
-        const auto ra = std::from_chars(p, p + colon, a);
-        const auto rb = std::from_chars(p + colon + 1, p + text.size(), b);
-        if (ra.ec == std::errc() && ra.ptr == p + colon && rb.ec == std::errc() &&
-            rb.ptr == p + text.size())
-            return {a, b};
-    }
-    throw Refusal(kBadPairTitle, kBadPair + option + ": " + text);
-}
 
 struct Common {
     std::string path;
@@ -83,24 +66,6 @@ nlohmann::json ParamsJson(const GrowthParams& q, float rn) {
     return {{"loo", Shortest(q.loo)}, {"k", Shortest(q.k)},   {"c", Shortest(q.c)},
             {"wp", Shortest(q.wp)},   {"ss", Shortest(q.ss)}, {"sl", Shortest(q.sl)},
             {"rn", Shortest(rn)}};
-}
-
-// Progress on a terminal's stderr; Ctrl-C cancels the run between two steps.
-class CliSink : public SearchSink {
-  public:
-    explicit CliSink(const char* label) : line_(label) {}
-    void progress(int done, int total) override { line_.show(done, total); }
-    bool cancelled() override { return Interrupted(); }
-
-  private:
-    ProgressLine line_;
-};
-
-// The result of a run, or the end of the command when Ctrl-C cancelled it.
-template <class T>
-T Finished(std::optional<T> result) {
-    if (!result) throw Stopped();
-    return std::move(*result);
 }
 
 // ---- kscan ---------------------------------------------------------------------------------

@@ -101,9 +101,9 @@ std::vector<std::vector<std::string>> SurfaceTableTexts(const SurfaceResult& s) 
 
 ReportDescriptor Elefan1ReportDescriptor(const Elefan1ReportInfo& info, std::time_t when) {
     ReportDescriptor d;
-    d.screenName = "frmOutELEFAN1";
+    d.screenName = info.screenName;
     d.header1 = kElefanReportTitle;
-    d.header2 = kElefanReportSubtitle;
+    d.header2 = info.subtitle;
     d.header3 = kReportGenerated + ReportDate(when);
     d.caption = d.header3;
     auto& p = d.addSection("Parameters", false);
@@ -114,6 +114,7 @@ ReportDescriptor Elefan1ReportDescriptor(const Elefan1ReportInfo& info, std::tim
                 {"Largest class size: ", info.largestClassSize},
                 {"Unit of measurement: ", info.unit}};
     if (!info.results.fields.empty()) d.sections.push_back(info.results);
+    if (!info.otherParameters) return d;
     auto& other = d.addSection("Other Growth Parameters", true);
     other.fields = {{"Amplitute of oscillation (C): ", info.amplitude},
                     {"Winter Point (WP): ", info.winterPoint}};

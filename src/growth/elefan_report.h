@@ -45,6 +45,11 @@ struct Elefan1ReportInfo {
     std::string amplitude, winterPoint;             // C and WP, as displayed
     // Results of the run (Loo, K, Rn, ...), shown between the parameters and C, WP.
     ReportSection results{"Growth Parameters", {}, true};
+    // The method's line under the title, the output screen's name, and whether the report
+    // has C and WP (a method without seasonal parameters leaves them out).
+    std::string subtitle = kElefanReportSubtitle;
+    std::string screenName = "frmOutELEFAN1";
+    bool otherParameters = true;
 };
 
 // The report's texts: the file (none before one is loaded: empty fields) and the tab's C and

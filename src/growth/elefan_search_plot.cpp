@@ -96,19 +96,19 @@ void DrawScoreLine(ChartCanvas& canvas, const std::vector<UserPoint>& points, Co
 
 }  // namespace
 
-void DrawKScanLine(ChartCanvas& canvas, const KScanTable& table, int columns) {
+void DrawKScanLine(ChartCanvas& canvas, const KScanTable& table, int columns, double scale) {
     std::vector<UserPoint> points;
     for (int c = 1; c <= columns && c < kKScanColumns; ++c)
-        if (table[2][c] > 0) points.push_back({KScanX(table[2][c]), KScanY(table[1][c])});
+        if (table[2][c] > 0) points.push_back({KScanX(table[2][c]), KScanY(table[1][c] / scale)});
     canvas.SetPen(PenStyle::Solid, 1);
     DrawScoreLine(canvas, points, kRed);
 }
 
-void DrawKScanTrend(ChartCanvas& canvas, const KScanTable& table, int w) {
+void DrawKScanTrend(ChartCanvas& canvas, const KScanTable& table, int w, double scale) {
     std::vector<UserPoint> points;
     for (int i = 1; i <= kKScanSmoothLength; ++i) {
         if (!(w - 3 < i + 1 && i + 1 < kKScanSmoothLength - w)) continue;
-        if (table[2][i] > 0) points.push_back({KScanX(table[2][i]), KScanY(table[3][i])});
+        if (table[2][i] > 0) points.push_back({KScanX(table[2][i]), KScanY(table[3][i] / scale)});
     }
     canvas.SetPen(PenStyle::Solid, 2);
     DrawScoreLine(canvas, points, kKScanTrendColour);

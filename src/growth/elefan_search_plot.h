@@ -26,10 +26,12 @@ double KScanY(double rn);
 // The empty K-scan frame: score axis with grid lines, K axis with its ticks, labels and the
 // growth performance index of `loo` under each tick.
 void DrawKScanFrame(ChartCanvas& canvas, float loo);
-// The red score line through columns 1..columns of row 1, drawn only right of x = 20.
-void DrawKScanLine(ChartCanvas& canvas, const KScanTable& table, int columns);
-// The blue trend line through row 3 for the columns that a span of w has full windows for.
-void DrawKScanTrend(ChartCanvas& canvas, const KScanTable& table, int w);
+// The red score line through columns 1..columns of row 1, drawn only right of x = 20. Scores
+// are divided by `scale` first, for a score that is not bounded by 1.
+void DrawKScanLine(ChartCanvas& canvas, const KScanTable& table, int columns, double scale = 1);
+// The blue trend line through row 3 for the columns that a span of w has full windows for,
+// divided by `scale` as the score line.
+void DrawKScanTrend(ChartCanvas& canvas, const KScanTable& table, int w, double scale = 1);
 
 // A heat map of scores over K (rows, upwards) and Loo (columns, rightwards), each cell in the
 // colour band of the surface table. `grid` is row-major, kValues.size() x looValues.size().

@@ -12,6 +12,7 @@
 #include "growth/screens/frm_lmax.h"
 #include "growth/screens/frm_phi_prime.h"
 #include "growth/screens/frm_pw_plot.h"
+#include "growth/screens/frm_shepherd.h"
 #include "growth/screens/frm_vbgf_plot.h"
 #include "modal/screens/frm_bhattac_vrd.h"
 #include "modal/screens/frm_linking.h"
@@ -88,6 +89,10 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
         {"frmELEFAN1",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {
              return new FrmElefan1(ctx, parent);
+         }},
+        {"frmShepherd",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmShepherd(ctx, parent);
          }},
         {"frmVBGFPlot",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* {

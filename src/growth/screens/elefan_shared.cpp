@@ -3,10 +3,13 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTableWidget>
 
 #include "growth/screens/frm_vbgf_plot.h"
+#include "plot/render/canvas_renderer.h"
 #include "widgets/number_box.h"
 #include "widgets/output_screen.h"
 
@@ -84,6 +87,38 @@ void FillLengths(const QComboBox* samples, QComboBox* lengths, const RnLayout& l
     const std::optional<double> sample = BoxNumber(samples);
     if (!sample) return;
     for (float L : StartingLengths(layout, *sample)) lengths->addItem(NumberText(L, "0.00"));
+}
+
+QTableWidget* MakeSurfaceTable(QWidget* parent, const QString& name) {
+    auto* grid = new QTableWidget(kSurfaceSize + 1, kSurfaceSize + 1, parent);
+    grid->setObjectName(name);
+    grid->horizontalHeader()->setVisible(false);
+    grid->verticalHeader()->setVisible(false);
+    grid->horizontalHeader()->setDefaultSectionSize(52);
+    grid->verticalHeader()->setDefaultSectionSize(20);
+    grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    return grid;
+}
+
+void ClearSurfaceTable(QTableWidget* table) {
+    table->clearContents();
+    table->setItem(0, 0, new QTableWidgetItem(kSurfaceCorner));
+}
+
+void ShowSurfaceTable(QTableWidget* table, const SurfaceResult& s) {
+    ClearSurfaceTable(table);
+    for (int i = 0; i < kSurfaceSize; ++i) {
+        table->setItem(i + 1, 0, new QTableWidgetItem(NumberText(s.kHeadings[i], "0.00")));
+        table->setItem(0, i + 1, new QTableWidgetItem(NumberText(s.looHeadings[i], "0.00")));
+    }
+    for (int i = 0; i < kSurfaceSize; ++i) {
+        for (int j = 0; j < kSurfaceSize; ++j) {
+            auto* item = new QTableWidgetItem(NumberText(s.grid[i][j], "0.000"));
+            item->setBackground(ToQColor(BandColour(s.band(i, j))));
+            item->setForeground(Qt::black);
+            table->setItem(i + 1, j + 1, item);
+        }
+    }
 }
 
 void ShowVbgfPlot(ShellContext& ctx, bool stored) {

@@ -18,6 +18,7 @@
 class QComboBox;
 class QGroupBox;
 class QLineEdit;
+class QTableWidget;
 class QWidget;
 
 namespace norvo::gui {
@@ -118,6 +119,13 @@ void FillStartLists(QComboBox* samples, QComboBox* lengths, const RnLayout& layo
                     float sl);
 // Rebuilds the length list for the sample chosen in `samples`.
 void FillLengths(const QComboBox* samples, QComboBox* lengths, const RnLayout& layout);
+
+// The response surface table (21 + 1 rows and columns, read-only) and its filling: the corner
+// text, the K and Loo headings, and each score on the back colour of its band. Clearing leaves
+// the corner only.
+QTableWidget* MakeSurfaceTable(QWidget* parent, const QString& name);
+void ShowSurfaceTable(QTableWidget* table, const SurfaceResult& s);
+void ClearSurfaceTable(QTableWidget* table);
 
 // Shows the VBGF plot screen, which reads the stored parameters (again, when already open).
 // The status line says whether parameters were stored for it.

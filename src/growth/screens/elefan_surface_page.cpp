@@ -4,7 +4,6 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -14,7 +13,6 @@
 #include <QVBoxLayout>
 
 #include "growth/elefan_search_plot.h"
-#include "plot/render/canvas_renderer.h"
 #include "widgets/command_boundary.h"
 #include "widgets/number_box.h"
 #include "widgets/plot_view.h"
@@ -26,10 +24,6 @@ namespace {
 constexpr const char* kLabelFrom = "From";
 constexpr const char* kLabelTo = "To";
 constexpr const char* kLabelFineSize = "Points per axis:";
-
-QTableWidgetItem* Cell(const QString& text) {
-    return new QTableWidgetItem(text);
-}
 
 }  // namespace
 
@@ -82,13 +76,7 @@ ElefanSurfacePage::ElefanSurfacePage(ElefanShared& shared, QWidget* parent)
     col->addLayout(top);
 
     auto* split = new QSplitter(Qt::Horizontal, this);
-    grid_ = new QTableWidget(kSurfaceSize + 1, kSurfaceSize + 1, split);
-    grid_->setObjectName("grdELEFAN1");
-    grid_->horizontalHeader()->setVisible(false);
-    grid_->verticalHeader()->setVisible(false);
-    grid_->horizontalHeader()->setDefaultSectionSize(52);
-    grid_->verticalHeader()->setDefaultSectionSize(20);
-    grid_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grid_ = MakeSurfaceTable(split, "grdELEFAN1");
     heatMap_ = new PlotView(split);
     heatMap_->setObjectName("picSurface");
     heatMap_->setTracksWidgetSize(false);
@@ -126,8 +114,7 @@ void ElefanSurfacePage::load(float ss, float sl) {
 
 void ElefanSurfacePage::clearGrid() {
     result_.reset();
-    grid_->clearContents();
-    grid_->setItem(0, 0, Cell(kSurfaceCorner));
+    ClearSurfaceTable(grid_);
     heatMap_->canvas().Reset();
     heatMap_->update();
 }
@@ -163,20 +150,7 @@ void ElefanSurfacePage::compute() {
 }
 
 void ElefanSurfacePage::showSurface(const SurfaceResult& s) {
-    grid_->clearContents();
-    grid_->setItem(0, 0, Cell(kSurfaceCorner));
-    for (int i = 0; i < kSurfaceSize; ++i) {
-        grid_->setItem(i + 1, 0, Cell(NumberText(s.kHeadings[i], "0.00")));
-        grid_->setItem(0, i + 1, Cell(NumberText(s.looHeadings[i], "0.00")));
-    }
-    for (int i = 0; i < kSurfaceSize; ++i) {
-        for (int j = 0; j < kSurfaceSize; ++j) {
-            auto* item = Cell(NumberText(s.grid[i][j], "0.000"));
-            item->setBackground(ToQColor(BandColour(s.band(i, j))));
-            item->setForeground(Qt::black);
-            grid_->setItem(i + 1, j + 1, item);
-        }
-    }
+    ShowSurfaceTable(grid_, s);
     DrawSurfaceHeatMap(heatMap_->canvas(), s);
     heatMap_->update();
 }
