@@ -1,9 +1,9 @@
 #include "stock/thompson_bell_plot.h"
 
+#include <fmt/format.h>
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <fmt/format.h>
 
 #include "base/format.h"
 #include "chart/kind_a.h"
@@ -14,8 +14,7 @@ namespace {
 
 constexpr double kMaxFFactor = 4.0;
 constexpr double kPlotTitleY = 4.0;
-constexpr std::array<Colour, 3> kCurveColours = {Rgb(0, 0, 192), Rgb(0, 128, 0),
-                                                 Rgb(192, 0, 0)};
+constexpr std::array<Colour, 3> kCurveColours = {Rgb(0, 0, 192), Rgb(0, 128, 0), Rgb(192, 0, 0)};
 
 }  // namespace
 
@@ -110,8 +109,8 @@ void DrawThompsonBellPlot(ChartCanvas& canvas, const ThompsonBellTable& t, Thomp
 }
 
 ReportDescriptor ThompsonBellReport(const ThompsonBellReportInput& in, std::time_t when) {
-    const std::string sub = in.combination.empty() ? std::string(kThompsonBellCumulative)
-                                                   : "(" + in.combination + ")";
+    const std::string sub =
+        in.combination.empty() ? std::string(kThompsonBellCumulative) : "(" + in.combination + ")";
     ReportDescriptor r = MakeReport("frmOutTB", kThompsonBellReportTitle, sub, when);
     auto& data = r.addSection("Scenario", false);
     data.fields.push_back({"File: ", in.scenario});
@@ -128,10 +127,10 @@ ReportDescriptor ThompsonBellReport(const ThompsonBellReportInput& in, std::time
         return Format(ThompsonBellShown(v, p), kThompsonBellResultFormat);
     };
     for (std::size_t i = 0; i < t.ffactor.size(); ++i)
-        table.fields.push_back({Format(t.ffactor[i], kThompsonBellFFactorFormat),
-                                fmt::format("{}    {}    {}", shown(t.yield[i], t.pYield),
-                                            shown(t.biomass[i], t.pBiomass),
-                                            shown(t.value[i], t.pValue))});
+        table.fields.push_back(
+            {Format(t.ffactor[i], kThompsonBellFFactorFormat),
+             fmt::format("{}    {}    {}", shown(t.yield[i], t.pYield),
+                         shown(t.biomass[i], t.pBiomass), shown(t.value[i], t.pValue))});
     return r;
 }
 
