@@ -284,6 +284,37 @@ ThompsonBellPrepared PrepareThompsonBell(const ThompsonBellInputs& in, bool useS
     return out;
 }
 
+ThompsonBellCohort ProjectThompsonBellSpecies(const ThompsonBellSpecies& s,
+                                              const std::vector<double>& ff) {
+    ThompsonBellCohort c;
+    const size_t last = static_cast<size_t>(s.lastClass);
+    for (auto* v : {&c.N, &c.nBar, &c.F, &c.catchN, &c.yield, &c.biomass, &c.value})
+        v->assign(last, 0.0);
+    double n = s.recruit;
+    for (size_t i = 0; i < last; ++i) {
+        double f = 0;
+        for (size_t g = 0; g < ff.size(); ++g) f += ff[g] * s.F[g][i];
+        const double z = f + s.m, e = Div(f, z);
+        double nNext = 0, nBar = 0;
+        if (i + 1 == last) {
+            nBar = Div(n, z);  // every survivor dies in the last class
+        } else {
+            const double h = s.H[i];
+            nNext = Div(n * (Div(1.0, h) - e), h - e);
+            nBar = Div(n - nNext, z);
+        }
+        c.N[i] = n;
+        c.nBar[i] = nBar;
+        c.F[i] = f;
+        c.catchN[i] = std::max(0.0, nBar * f);
+        c.yield[i] = CheckFinite(c.catchN[i] * s.W[i]);
+        c.value[i] = CheckFinite(c.yield[i] * s.value[i]);
+        c.biomass[i] = CheckFinite(nBar * s.W[i]);
+        n = nNext;
+    }
+    return c;
+}
+
 ThompsonBellResult ProjectThompsonBell(const ThompsonBellPrepared& prep,
                                        const ThompsonBellEffort& effort) {
     ThompsonBellResult r;
@@ -310,36 +341,21 @@ ThompsonBellResult ProjectThompsonBell(const ThompsonBellPrepared& prep,
         step.ffactor = ThompsonBellFFactor(p);
         for (size_t f = 0; f < nF; ++f) ff[f] = r.vary[f] ? step.ffactor : r.fixed[f];
         for (const ThompsonBellSpecies& s : r.species) {
+            const ThompsonBellCohort c = ProjectThompsonBellSpecies(s, ff);
             ThompsonBellSpeciesStep out;
             out.fleetYield.assign(nF, 0.0);
             out.fleetValue.assign(nF, 0.0);
-            double n = s.recruit;
-            for (int c = 0; c < s.lastClass; ++c) {
-                const size_t i = static_cast<size_t>(c);
-                double fTotal = 0;
-                for (size_t f = 0; f < nF; ++f) fTotal += ff[f] * s.F[f][i];
-                const double z = fTotal + s.m, e = Div(fTotal, z);
-                double nBar = 0, nNext = 0;
-                if (c + 1 == s.lastClass) {
-                    nBar = Div(n, z);
-                } else {
-                    const double h = s.H[i];
-                    nNext = Div(n * (Div(1.0, h) - e), h - e);
-                    nBar = Div(n - nNext, z);
+            for (size_t i = 0; i < c.yield.size(); ++i) {
+                out.yield += c.yield[i];
+                out.value += c.value[i];
+                out.biomass += c.biomass[i];
+                if (c.F[i] <= 0) continue;
+                // Each fleet takes the part of the catch its F has in the total.
+                for (size_t f = 0; f < nF; ++f) {
+                    const double share = ff[f] * s.F[f][i] / c.F[i];
+                    out.fleetYield[f] += c.yield[i] * share;
+                    out.fleetValue[f] += c.value[i] * share;
                 }
-                const double caught = std::max(0.0, nBar * fTotal);
-                const double y = CheckFinite(caught * s.W[i]);
-                const double v = CheckFinite(y * s.value[i]);
-                out.yield += y;
-                out.value += v;
-                out.biomass += CheckFinite(nBar * s.W[i]);
-                if (fTotal > 0)
-                    for (size_t f = 0; f < nF; ++f) {
-                        const double share = ff[f] * s.F[f][i] / fTotal;
-                        out.fleetYield[f] += y * share;
-                        out.fleetValue[f] += v * share;
-                    }
-                n = nNext;
             }
             step.yield += out.yield;
             step.biomass += out.biomass;

@@ -139,6 +139,15 @@ struct ThompsonBellResult : Outcome {
     std::vector<ThompsonBellStep> steps;  // 41, or none when no fleet varies
 };
 
+// One species' cohort through its classes 1..lastClass with the fleets' f-factors `ff` (by
+// fleet): by class, the number entering, the mean number, F, the catch in numbers, and yield,
+// biomass and value.
+struct ThompsonBellCohort {
+    std::vector<double> N, nBar, F, catchN, yield, biomass, value;
+};
+ThompsonBellCohort ProjectThompsonBellSpecies(const ThompsonBellSpecies& species,
+                                              const std::vector<double>& ff);
+
 // The projection of prepared species under the efforts.
 ThompsonBellResult ProjectThompsonBell(const ThompsonBellPrepared& prepared,
                                        const ThompsonBellEffort& effort);

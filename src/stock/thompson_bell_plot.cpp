@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "base/format.h"
@@ -12,100 +11,97 @@ namespace norvo {
 
 namespace {
 
-constexpr double kMaxFFactor = 4.0;
-constexpr double kPlotTitleY = 4.0;
-constexpr std::array<Colour, 3> kCurveColours = {Rgb(0, 0, 192), Rgb(0, 128, 0), Rgb(192, 0, 0)};
+constexpr Colour kCurve = Rgb(0, 0, 160);
+constexpr double kLargestFFactor = 4.0;
 
 }  // namespace
 
-const char* ThompsonBellName(ThompsonBellQuantity q) {
+const char* ThompsonBellQuantityName(ThompsonBellQuantity q) {
     switch (q) {
+        case ThompsonBellQuantity::Yield:
+            return kThompsonBellYield;
         case ThompsonBellQuantity::Biomass:
             return kThompsonBellBiomass;
         case ThompsonBellQuantity::Value:
-            return kThompsonBellValue;
-        case ThompsonBellQuantity::Yield:
             break;
     }
-    return kThompsonBellYield;
+    return kThompsonBellValue;
 }
 
 const std::vector<double>& ThompsonBellColumn(const ThompsonBellTable& t, ThompsonBellQuantity q) {
     switch (q) {
+        case ThompsonBellQuantity::Yield:
+            return t.yield;
         case ThompsonBellQuantity::Biomass:
             return t.biomass;
         case ThompsonBellQuantity::Value:
-            return t.value;
-        case ThompsonBellQuantity::Yield:
             break;
     }
-    return t.yield;
+    return t.value;
 }
 
 int ThompsonBellPowerOf(const ThompsonBellTable& t, ThompsonBellQuantity q) {
     switch (q) {
+        case ThompsonBellQuantity::Yield:
+            return t.pYield;
         case ThompsonBellQuantity::Biomass:
             return t.pBiomass;
         case ThompsonBellQuantity::Value:
-            return t.pValue;
-        case ThompsonBellQuantity::Yield:
             break;
     }
-    return t.pYield;
+    return t.pValue;
 }
 
 std::string ThompsonBellAxisTitle(ThompsonBellQuantity q, int p, bool cumulative) {
-    if (cumulative && p == 1 && q != ThompsonBellQuantity::Yield)
-        return fmt::format("{} x 10", ThompsonBellName(q));
-    return ThompsonBellColumnTitle(ThompsonBellName(q), p);
+    const std::string name = ThompsonBellQuantityName(q);
+    if (cumulative && p == 1 && q != ThompsonBellQuantity::Yield) return name + " x 10";
+    if (!cumulative && p == 0) return name;
+    return ThompsonBellColumnTitle(name, p);
 }
 
 double ThompsonBellX(double ffactor) {
-    return kFrameLeft + ffactor * (kFrameRight - kFrameLeft) / kMaxFFactor;
+    return PercentX(ffactor, (kFrameRight - kFrameLeft) / kLargestFFactor);
 }
 
 void DrawThompsonBellPlot(ChartCanvas& canvas, const ThompsonBellTable& t, ThompsonBellQuantity q,
                           bool cumulative) {
     BeginPercentCanvas(canvas);
-    DrawPlotTitle(canvas, ThompsonBellName(q), kPlotTitleY);
     DrawPercentFrame(canvas);
+    const std::vector<double>& v = ThompsonBellColumn(t, q);
+    const int p = ThompsonBellPowerOf(t, q);
+    const double largest = v.empty() ? 0.0 : *std::max_element(v.begin(), v.end());
+    const double top = TopWholePlusOne(ThompsonBellShown(largest, p));
+    const double yScale = PercentScaleY(top);
 
-    // f-factor 0 to 4: a tick every 0.5, a label every 1.
     for (int k = 0; k <= 8; ++k) {
         const double x = ThompsonBellX(k * 0.5);
-        DrawXTick(canvas, x, k % 2 == 0 ? 2.0 : 1.0);
-        if (k % 2 == 0) DrawXLabel(canvas, x, Format(k * 0.5, kThompsonBellFFactorFormat), 3.0);
+        DrawXTick(canvas, x);
+        DrawXLabel(canvas, x, Format(k * 0.5, kThompsonBellFFactorFormat));
     }
-    DrawXTitle(canvas, kThompsonBellFFactor, 52.0);
-
-    const auto& column = ThompsonBellColumn(t, q);
-    const int p = ThompsonBellPowerOf(t, q);
-    double largest = 0;
-    for (const double v : column) largest = std::max(largest, ThompsonBellShown(v, p));
-    // The axis tops at the next whole number above the largest shown value.
-    const double top = std::floor(largest) + 1.0;
-    const double scale = PercentScaleY(top);
-    for (const double v : FixedStepTicks(top)) {
-        const double y = PercentY(v, scale);
+    for (double tick : FixedStepTicks(top)) {
+        const double y = PercentY(tick, yScale);
         DrawYTick(canvas, y);
-        DrawYLabel(canvas, y, Format(v, "0.0"));
+        DrawYLabel(canvas, y, Format(tick, "0.0"));
     }
-    DrawYTitle(canvas, ThompsonBellAxisTitle(q, p, cumulative), 2.0, 75.0);
+    DrawXTitle(canvas, kThompsonBellFFactor);
+    DrawYTitle(canvas, ThompsonBellAxisTitle(q, p, cumulative));
+    DrawPlotTitle(canvas,
+                  cumulative
+                      ? fmt::format("{} ({})", ThompsonBellQuantityName(q), kThompsonBellCumulative)
+                      : std::string(ThompsonBellQuantityName(q)),
+                  6);
 
-    const std::size_t n = std::min(column.size(), t.ffactor.size());
-    if (n == 0) return;
     std::vector<UserPoint> curve;
-    curve.reserve(n);
-    for (std::size_t i = 0; i < n; ++i)
+    for (size_t i = 0; i < v.size() && i < t.ffactor.size(); ++i)
         curve.push_back(
-            {ThompsonBellX(t.ffactor[i]), PercentY(ThompsonBellShown(column[i], p), scale)});
-    const Colour colour = kCurveColours[static_cast<std::size_t>(q)];
+            {ThompsonBellX(t.ffactor[i]), PercentY(ThompsonBellShown(v[i], p), yScale)});
+    if (curve.size() < 2) return;
     canvas.SetPen(PenStyle::Solid, 2);
-    canvas.Polyline(curve, colour);
+    canvas.Polyline(curve, kCurve);
     canvas.SetPen(PenStyle::Solid, 1);
     // The present effort: f-factor 1.
-    for (std::size_t i = 0; i < n; ++i)
-        if (std::fabs(t.ffactor[i] - 1.0) < 1e-9) DrawPointMark(canvas, curve[i], colour, true);
+    for (size_t i = 0; i < curve.size(); ++i)
+        if (std::fabs(t.ffactor[i] - 1.0) < 1e-9) DrawPointMark(canvas, curve[i], kCurve, true);
 }
 
 ReportDescriptor ThompsonBellReport(const ThompsonBellReportInput& in, std::time_t when) {
@@ -126,7 +122,7 @@ ReportDescriptor ThompsonBellReport(const ThompsonBellReportInput& in, std::time
     const auto shown = [](double v, int p) {
         return Format(ThompsonBellShown(v, p), kThompsonBellResultFormat);
     };
-    for (std::size_t i = 0; i < t.ffactor.size(); ++i)
+    for (size_t i = 0; i < t.ffactor.size(); ++i)
         table.fields.push_back(
             {Format(t.ffactor[i], kThompsonBellFFactorFormat),
              fmt::format("{}    {}    {}", shown(t.yield[i], t.pYield),
