@@ -37,9 +37,6 @@ QString Q(const std::string& s) {
     return QString::fromStdString(s);
 }
 
-// The f-factor of a fixed fleet as its list entry and report show it.
-constexpr const char* kFixedFormat = "0.0#";
-
 }  // namespace
 
 struct FrmThompson::State {
@@ -194,6 +191,7 @@ void FrmThompson::buildTables(QWidget* page) {
         tables_[i]->setObjectName(QString("spdThompson%1").arg(i));
         tables_[i]->setEditTriggers(QAbstractItemView::NoEditTriggers);
         tables_[i]->verticalHeader()->setVisible(false);
+        tables_[i]->verticalHeader()->setDefaultSectionSize(22);
         tables_[i]->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
         grid->addWidget(tableTitles_[i], 0, i);
         grid->addWidget(tables_[i], 1, i);
@@ -264,9 +262,9 @@ void FrmThompson::showFleets() {
     const auto& fleets = st_->inputs->scenario.fleets;
     for (std::size_t f = 0; f < fleets.size(); ++f) {
         const std::string state =
-            st_->vary[f]
-                ? std::string(kThompsonBellVaryMark)
-                : ThompsonBellFixedMark(NumberText(st_->fixed[f], kFixedFormat).toStdString());
+            st_->vary[f] ? std::string(kThompsonBellVaryMark)
+                         : ThompsonBellFixedMark(
+                               SingleText(static_cast<float>(st_->fixed[f])).toStdString());
         auto* item = new QListWidgetItem(Q(MemberLabel(fleets[f]) + " " + state), list);
         item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
         item->setCheckState(st_->vary[f] ? Qt::Checked : Qt::Unchecked);
@@ -285,9 +283,9 @@ void FrmThompson::FleetChecked(int row, bool vary) {
     } else {
         // Asked until a value in (0, 4] is given; a cancel leaves the fleet varying.
         for (;;) {
-            const auto answer =
-                ctx_.dialogs.inputBox({ThompsonBellFixedPrompt(name), kThompsonBellFixedTitle,
-                                       NumberText(st_->fixed[f], kFixedFormat).toStdString()});
+            const auto answer = ctx_.dialogs.inputBox(
+                {ThompsonBellFixedPrompt(name), kThompsonBellFixedTitle,
+                 SingleText(static_cast<float>(st_->fixed[f])).toStdString()});
             if (!answer) break;
             const double x = NumberOrNaN(Q(*answer));
             if (ShowNotices(CheckFixedFactor(x), ctx_.dialogs)) {
@@ -435,10 +433,10 @@ void FrmThompson::PrintFile() {
     in.scenario = st_->path;
     const auto& fleets = st_->inputs->scenario.fleets;
     for (std::size_t f = 0; f < fleets.size(); ++f)
-        in.fleetStates.push_back(
-            fleets[f].name + " " +
-            (st_->vary[f] ? std::string(kThompsonBellVaryMark)
-                          : ThompsonBellFixedMark(Format(st_->fixed[f], kFixedFormat))));
+        in.fleetStates.push_back(fleets[f].name + " " +
+                                 (st_->vary[f] ? std::string(kThompsonBellVaryMark)
+                                               : ThompsonBellFixedMark(FormatSingle(
+                                                     static_cast<float>(st_->fixed[f])))));
     // The picked combination's page when it has one, the cumulative page otherwise.
     const int s = combos_[0]->currentIndex(), f = combos_[1]->currentIndex();
     const bool single = s >= 0 && f >= 0 && combinationCaught(s, f);
