@@ -257,19 +257,24 @@ void FrmThompson::showFleets() {
     if (!st_->inputs) return;
     filling_ = true;
     auto* list = lists_[kFleetList];
-    const int current = list->currentRow();
-    list->clear();
     const auto& fleets = st_->inputs->scenario.fleets;
+    // The entries are updated in place: this runs inside the list's own item-changed signal.
+    while (list->count() > static_cast<int>(fleets.size()))
+        delete list->takeItem(list->count() - 1);
     for (std::size_t f = 0; f < fleets.size(); ++f) {
+        const int row = static_cast<int>(f);
+        if (row >= list->count()) {
+            auto* added = new QListWidgetItem(list);
+            added->setFlags(added->flags() | Qt::ItemIsUserCheckable);
+        }
         const std::string state =
             st_->vary[f] ? std::string(kThompsonBellVaryMark)
                          : ThompsonBellFixedMark(
                                SingleText(static_cast<float>(st_->fixed[f])).toStdString());
-        auto* item = new QListWidgetItem(Q(MemberLabel(fleets[f]) + " " + state), list);
-        item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
+        QListWidgetItem* item = list->item(row);
+        item->setText(Q(MemberLabel(fleets[f]) + " " + state));
         item->setCheckState(st_->vary[f] ? Qt::Checked : Qt::Unchecked);
     }
-    list->setCurrentRow(current);
     filling_ = false;
 }
 
