@@ -20,6 +20,10 @@ struct Session {
     // Used by the grouped length-frequency editor when it opens the sample sub-header.
     int sampleHeaderColumn = 0;
     int sampleHeaderMode = 0;
+    // The Thompson and Bell prediction takes each fleet's F from its selection ogive and the
+    // species' Ft (true) or shares the species' F-array among the fleets (false). Set by the
+    // scenario editor's check box; the prediction screen shows it as a choice.
+    bool thompsonBellSelection = false;
 
     // Reads through a reader and keeps what it gives. On failure the read error's notice is
     // shown, the flag is set and the image is left empty but for the path.

@@ -34,6 +34,7 @@
 #include "selection/screens/frm_probability2.h"
 #include "selection/screens/frm_recruit.h"
 #include "stock/screens/frm_simulate.h"
+#include "stock/screens/frm_thompson.h"
 #include "stock/screens/frm_vpa1.h"
 #include "stock/screens/frm_vpa2.h"
 #include "stock/screens/frm_yr_knife.h"
@@ -178,6 +179,10 @@ const std::map<std::string, ScreenFactory>& ScreenFactories() {
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmVpa1(ctx, parent); }},
         {"frmVPA2",
          [](ShellContext& ctx, QWidget* parent) -> QWidget* { return new FrmVpa2(ctx, parent); }},
+        {"frmThompson",
+         [](ShellContext& ctx, QWidget* parent) -> QWidget* {
+             return new FrmThompson(ctx, parent);
+         }},
     };
     return factories;
 }

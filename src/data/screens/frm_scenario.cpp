@@ -1,5 +1,6 @@
 #include "data/screens/frm_scenario.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDate>
 #include <QFormLayout>
@@ -14,6 +15,7 @@
 #include <algorithm>
 
 #include "base/settings_store.h"
+#include "data/screens/frm_tip1.h"
 #include "data/store_routines.h"
 #include "numerics/validators.h"
 #include "widgets/command_boundary.h"
@@ -81,6 +83,10 @@ FrmScenario::FrmScenario(ShellContext& ctx, QWidget* parent) : StockFileEditor(c
         selForm->addRow(kSceSelectionCaptions[i], selection_[i]);
     }
     selForm->addRow(QString(), cmd_[4]);
+    chkSelection_ = new QCheckBox(kSceUseSelection, sel);
+    chkSelection_->setObjectName("chkSelection");
+    chkSelection_->setChecked(ctx_.session.thompsonBellSelection);
+    selForm->addRow(QString(), chkSelection_);
     selLayout->addLayout(selForm);
     auto* catchLayout = new QVBoxLayout;
     catches_ = new DataGrid(sel);
@@ -96,6 +102,7 @@ FrmScenario::FrmScenario(ShellContext& ctx, QWidget* parent) : StockFileEditor(c
     selLayout->addLayout(catchLayout, 1);
     tabs_->addTab(sel, "Selection and &Catches");
 
+    runTip = [](FrmTip2& tip) { tip.exec(); };
     auto& d = ctx_.dialogs;
     auto load = [this](const char* filter) {
         return ctx_.dialogs.openFile({kSceLoadTitle, filter, {}, {}, {}, true});
@@ -118,6 +125,8 @@ FrmScenario::FrmScenario(ShellContext& ctx, QWidget* parent) : StockFileEditor(c
         connect(box, &QLineEdit::textEdited, this, Guarded(d, [this] { selectionEdited(); }));
     for (auto* box : {title_, remarks_})
         connect(box, &QLineEdit::textEdited, this, [this] { markChanged(); });
+    connect(chkSelection_, &QCheckBox::toggled, this,
+            [this](bool on) { ctx_.session.thompsonBellSelection = on; });
 }
 
 void FrmScenario::OpenFile() {
@@ -308,6 +317,10 @@ void FrmScenario::SaveCatches() {
             rows.push_back({catches_->value(r, 0).value_or(0), *c});
     norvo::SaveCatches(filePath().toStdString(), pickedFleet(), pickedSpecies(), rows);
     ctx_.dialogs.notify({kSceCatchesSaved, kSceCatchesSavedTitle, Buttons::Ok, Icon::Information});
+    if (FrmTip2::wanted(ctx_.settings)) {
+        FrmTip2 tip(ctx_.settings, this);
+        runTip(tip);
+    }
 }
 
 std::vector<QStringList> FrmScenario::outputLines() const {

@@ -5,12 +5,14 @@
 // written when they are changed or saved by their own commands; SaveFile writes the header.
 #include <QString>
 #include <array>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "data/screens/stock_file_editor.h"
 #include "data/species_files.h"
 
+class QCheckBox;
 class QComboBox;
 class QLineEdit;
 class QListWidget;
@@ -18,6 +20,8 @@ class QPushButton;
 class QTabWidget;
 
 namespace norvo::gui {
+
+class FrmTip2;
 
 inline constexpr const char* kSceReportTitle = "Scenario Parameters";
 inline constexpr const char* kSceLoadTitle = "Load...";
@@ -35,6 +39,7 @@ inline constexpr const char* kSceSelectionSavedTitle = "NOTE!";
 inline constexpr const char* kSceSelectionSaved = "File saved successfully.";
 inline constexpr const char* kSceCatchesSavedTitle = "Record Saved...";
 inline constexpr const char* kSceCatchesSaved = "Catches were saved successfully.";
+inline constexpr const char* kSceUseSelection = "Compute F from the selection data";
 inline constexpr std::array<const char*, 4> kSceSelectionCaptions = {
     "L50:", "L75:", "R75:", "R50:"};
 inline constexpr std::array<const char*, 2> kSceCatchColumns = {"Midlength", "Catch Index"};
@@ -69,6 +74,11 @@ class FrmScenario : public StockFileEditor {
     DataGrid* catches() const { return catches_; }
     QPushButton* command(int index) const { return cmd_[index]; }
     QTabWidget* pages() const { return tabs_; }
+    // chkSelection: the session's choice of F for the Thompson and Bell prediction.
+    QCheckBox* selectionCheck() const { return chkSelection_; }
+
+    // Shows the tip after saving catches (tests replace it).
+    std::function<void(FrmTip2&)> runTip;
 
   protected:
     std::vector<QStringList> outputLines() const override;
@@ -91,6 +101,7 @@ class FrmScenario : public StockFileEditor {
     QComboBox* cmbFleet_ = nullptr;
     std::array<QLineEdit*, 4> selection_{};
     DataGrid* catches_ = nullptr;
+    QCheckBox* chkSelection_ = nullptr;
     std::array<QPushButton*, 7> cmd_{};
     bool loading_ = false;
 };

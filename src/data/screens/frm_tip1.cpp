@@ -8,12 +8,13 @@
 
 namespace norvo::gui {
 
-FrmTip1::FrmTip1(SettingsStore& settings, QWidget* parent) : QDialog(parent), settings_(settings) {
-    setObjectName("frmTip1");
+FrmTip::FrmTip(SettingsStore& settings, const char* key, std::initializer_list<const char*> texts,
+               QWidget* parent)
+    : QDialog(parent), settings_(settings), key_(key) {
     setWindowTitle("Tip");
     setModal(true);
     auto* layout = new QVBoxLayout(this);
-    for (const char* text : {kTip1Text1, kTip1Text2}) {
+    for (const char* text : texts) {
         auto* label = new QLabel(text, this);
         label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);
@@ -29,13 +30,23 @@ FrmTip1::FrmTip1(SettingsStore& settings, QWidget* parent) : QDialog(parent), se
     setMinimumWidth(420);
 }
 
-bool FrmTip1::wanted(const SettingsStore& settings) {
-    return settings.runTime(kTip1Key, kTipShow) != kTipHide;
+bool FrmTip::wanted(const SettingsStore& settings, const char* key) {
+    return settings.runTime(key, kTipShow) != kTipHide;
 }
 
-void FrmTip1::done(int result) {
-    if (chkTip_->isChecked()) settings_.setRunTime(kTip1Key, kTipHide);
+void FrmTip::done(int result) {
+    if (chkTip_->isChecked()) settings_.setRunTime(key_, kTipHide);
     QDialog::done(result);
+}
+
+FrmTip1::FrmTip1(SettingsStore& settings, QWidget* parent)
+    : FrmTip(settings, kTip1Key, {kTip1Text1, kTip1Text2}, parent) {
+    setObjectName("frmTip1");
+}
+
+FrmTip2::FrmTip2(SettingsStore& settings, QWidget* parent)
+    : FrmTip(settings, kTip2Key, {kTip2Text1, kTip2Text2}, parent) {
+    setObjectName("frmTip2");
 }
 
 }  // namespace norvo::gui

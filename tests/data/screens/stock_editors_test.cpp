@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
@@ -11,6 +12,7 @@
 #include "data/screens/frm_flt.h"
 #include "data/screens/frm_scenario.h"
 #include "data/screens/frm_spc.h"
+#include "data/screens/frm_tip1.h"
 #include "data/species_files.h"
 #include "data/store_routines.h"
 #include "support/lfq_fixtures.h"
@@ -126,8 +128,22 @@ TEST_F(StockEditorsTest, ScenarioMembersSelectionCatchesAndRemoval) {
     e->SaveSelection();
     EXPECT_EQ(dialogs.shown.back().text, kSceSelectionSaved);
     e->catches()->setValue(1, 1, 7.5);
+    // The tip after saving catches comes until the user asks not to see it again.
+    int tips = 0;
+    e->runTip = [&](FrmTip2& tip) {
+        ++tips;
+        tip.dontShowBox()->setChecked(true);
+        tip.accept();
+    };
     e->SaveCatches();
     EXPECT_EQ(dialogs.shown.back().text, kSceCatchesSaved);
+    e->SaveCatches();
+    EXPECT_EQ(tips, 1);
+    EXPECT_EQ(settings.runTime(kTip2Key, kTipShow), kTipHide);
+    // chkSelection is the session's choice of F for the Thompson and Bell prediction.
+    EXPECT_FALSE(e->selectionCheck()->isChecked());
+    e->selectionCheck()->click();
+    EXPECT_TRUE(session.thompsonBellSelection);
 
     // A fresh editor shows what was saved for the combination.
     auto again = editorOn<FrmScenario>(path);
