@@ -500,40 +500,53 @@ float ComputeRnFromOrigin(const ElefanModel& m, const GrowthParams& p, float t0,
             ChainPush(chain.backT, chain.backL, chain.backCount, earlier, L);
             ++j;
         }
-        // Forward a year at a time, scoring each crossing.
-        int32_t i = 0;  // position on the chain ahead
-        while (true) {
+        // Forward a year at a time, scoring each crossing: along the years it went back
+        // through while the times agree, then along the years ahead of the sample time, and
+        // off the chains once the times part.
+        bool stopped = false;
+        while (on == On::Back) {
             score(L);
-            if (on == On::Back && j == 0) on = On::Ahead;
-            if (on == On::Back) {
-                const float later = YearFrom(chain.backT[static_cast<size_t>(j)], 1.0f);
-                if (std::bit_cast<uint32_t>(later) ==
-                    std::bit_cast<uint32_t>(chain.backT[static_cast<size_t>(j) - 1])) {
-                    L = chain.backL[static_cast<size_t>(--j)];
-                } else {
-                    on = On::Off;
-                    t = later;
-                    L = curve(t);
-                }
-            } else if (on == On::Ahead) {
-                if (i + 1 < chain.aheadCount) {
-                    L = chain.aheadL[static_cast<size_t>(++i)];
-                } else {
-                    const float later = YearFrom(chain.aheadT[static_cast<size_t>(i)], 1.0f);
-                    L = curve(later);
-                    if (!keepAhead || i + 1 == kChainLimit) {
-                        on = On::Off;
-                        t = later;
-                    } else {
-                        ChainPush(chain.aheadT, chain.aheadL, chain.aheadCount, later, L);
-                        ++i;
-                    }
-                }
+            if (j == 0) {
+                on = On::Ahead;
+                break;
+            }
+            const float later = YearFrom(chain.backT[static_cast<size_t>(j)], 1.0f);
+            if (std::bit_cast<uint32_t>(later) ==
+                std::bit_cast<uint32_t>(chain.backT[static_cast<size_t>(j) - 1])) {
+                L = chain.backL[static_cast<size_t>(--j)];
             } else {
-                t = YearFrom(t, 1.0f);
+                on = On::Off;
+                t = later;
                 L = curve(t);
             }
-            if (L > stop) break;
+            stopped = L > stop;
+            if (stopped) break;
+        }
+        for (int32_t i = 0; !stopped && on == On::Ahead;) {  // i: position on the chain ahead
+            if (i > 0) score(L);
+            if (i + 1 < chain.aheadCount) {
+                L = chain.aheadL[static_cast<size_t>(++i)];
+            } else {
+                const float later = YearFrom(chain.aheadT[static_cast<size_t>(i)], 1.0f);
+                L = curve(later);
+                if (!keepAhead || i + 1 == kChainLimit) {
+                    on = On::Off;
+                    t = later;
+                } else {
+                    ChainPush(chain.aheadT, chain.aheadL, chain.aheadCount, later, L);
+                    ++i;
+                }
+            }
+            stopped = L > stop;
+        }
+        if (stopped) continue;
+        if (on == On::Off) {
+            while (true) {
+                score(L);
+                t = YearFrom(t, 1.0f);
+                L = curve(t);
+                if (L > stop) break;
+            }
         }
     }
     if (espOut != nullptr) *espOut = esp;

@@ -120,10 +120,6 @@ class ElefanScratch {
         return points_[static_cast<size_t>(s) * stride_ + static_cast<size_t>(k)];
     }
     void markConsumed(int s, int k);
-    void markConsumed(int s, int lo, int hi) {
-        markConsumed(s, lo);
-        markConsumed(s, hi);
-    }
     // Copies the consumed cells back from the model.
     void restore(const ElefanModel& model);
     // A new walk: every peak is unconsumed again and no length is known yet.
