@@ -239,13 +239,10 @@ ElefanModel RestructureElefan(const ElefanInput& in) {
 
 ElefanScratch::ElefanScratch(const ElefanModel& model)
     : stride_(static_cast<size_t>(model.nC()) + 1),
-      points_((static_cast<size_t>(model.nS()) + 1) * stride_, 0.0f),
-      dirtyLow_(static_cast<size_t>(model.nS()) + 1, 0),
-      dirtyHigh_(static_cast<size_t>(model.nS()) + 1, -1) {
+      points_((static_cast<size_t>(model.nS()) + 1) * stride_, 0.0f) {
     for (int s = 1; s <= model.nS(); ++s) {
         for (int k = 1; k <= model.nC(); ++k) at(s, k) = model.pointsMaster(s, k);
     }
-    dirtyRows_.reserve(static_cast<size_t>(model.nS()));
     peakWalk_.assign(static_cast<size_t>(model.peaks_), 0);
     chains_.resize(static_cast<size_t>(model.timeGroups_));
 }
@@ -257,29 +254,6 @@ uint32_t ElefanScratch::beginWalk() {
     }
     for (auto& chain : chains_) chain.backCount = chain.aheadCount = 0;
     return walk_;
-}
-
-void ElefanScratch::markConsumed(int s, int k) {
-    int32_t& lo = dirtyLow_[static_cast<size_t>(s)];
-    int32_t& hi = dirtyHigh_[static_cast<size_t>(s)];
-    if (hi < lo) {
-        dirtyRows_.push_back(s);
-        lo = hi = k;
-    } else {
-        if (k < lo) lo = k;
-        if (k > hi) hi = k;
-    }
-}
-
-void ElefanScratch::restore(const ElefanModel& model) {
-    for (int s : dirtyRows_) {
-        int32_t& lo = dirtyLow_[static_cast<size_t>(s)];
-        int32_t& hi = dirtyHigh_[static_cast<size_t>(s)];
-        for (int k = lo; k <= hi; ++k) at(s, k) = model.pointsMaster(s, k);
-        lo = 0;
-        hi = -1;
-    }
-    dirtyRows_.clear();
 }
 
 void ScoreCurveHit(const ElefanModel& m, ElefanScratch& scratch, int s, float L, float& esp) {
@@ -297,13 +271,11 @@ void ScoreCurveHit(const ElefanModel& m, ElefanScratch& scratch, int s, float L,
         float& c = scratch.at(s, j);
         if (c <= 0) break;
         c = 0;
-        scratch.markConsumed(s, j);
     }
     for (int j = k - 1; j >= 1; --j) {
         float& c = scratch.at(s, j);
         if (c <= 0) break;
         c = 0;
-        scratch.markConsumed(s, j);
     }
 }
 

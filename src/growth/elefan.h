@@ -103,8 +103,9 @@ class ElefanModel {
     std::vector<int32_t> topClass_;
 };
 
-// The table of points that one walk consumes; one per thread. Made from a model, it must only
-// be used with that model.
+// What scoring changes, one per thread: the peaks a walk has consumed, the lengths it has
+// worked out, and the table of points that ScoreCurveHit consumes. Made from a model, it must
+// only be used with that model.
 class ElefanScratch {
   public:
     explicit ElefanScratch(const ElefanModel& model);
@@ -119,18 +120,12 @@ class ElefanScratch {
     float& at(int s, int k) {
         return points_[static_cast<size_t>(s) * stride_ + static_cast<size_t>(k)];
     }
-    void markConsumed(int s, int k);
-    // Copies the consumed cells back from the model.
-    void restore(const ElefanModel& model);
     // A new walk: every peak is unconsumed again and no length is known yet.
     uint32_t beginWalk();
 
     size_t stride_ = 0;
     // The table that ScoreCurveHit consumes: rows 0..nS, classes 0..nC.
     std::vector<float> points_;
-    // Cells consumed since the last restore: one range of classes per sample row.
-    std::vector<int32_t> dirtyRows_;
-    std::vector<int32_t> dirtyLow_, dirtyHigh_;
     // A walk's peaks: peak p is consumed in the walk whose number peakWalk_[p] holds.
     std::vector<uint32_t> peakWalk_;
     uint32_t walk_ = 0;
