@@ -1,7 +1,9 @@
 #include "growth/elefan.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
+#include <limits>
 
 #include "base/basic.h"
 #include "base/checked.h"
@@ -207,42 +209,51 @@ ElefanModel RestructureElefan(const ElefanInput& in) {
         if (nC >= 2 && row[nC - 1] < 0) row[nC - 1] = row[nC - 1] * 0.5f;
         if (row[nC] < 0) row[nC] = 0;
     }
+
+    // The walk's table: each run of positive cells of a row is one peak.
+    m.classGuess_ = static_cast<float>(1.0 / in.ci);
+    m.walkCells_.assign(rows * m.walkStride(), {0.0f, -1});
+    m.topClass_.assign(rows, 0);
+    m.walkEdges_.assign(m.edges_.begin(), m.edges_.end());
+    m.walkEdges_[0] = -std::numeric_limits<float>::infinity();
+    m.walkEdges_.push_back(std::numeric_limits<float>::infinity());
+    m.sharedGroup_.assign(static_cast<size_t>(m.timeGroups_), 0);
+    std::vector<int32_t> groupSize(static_cast<size_t>(m.timeGroups_), 0);
+    for (int s = 1; s <= nS; ++s) {
+        if (++groupSize[static_cast<size_t>(m.timeGroup_[s])] > 1)
+            m.sharedGroup_[static_cast<size_t>(m.timeGroup_[s])] = 1;
+    }
+    for (int s = 1; s <= nS; ++s) {
+        ElefanModel::WalkCell* cells = &m.walkCells_[static_cast<size_t>(s) * m.walkStride()];
+        for (int k = 1; k <= nC; ++k) {
+            const float v = m.pointsMaster(s, k);
+            cells[k].value = v;
+            if (v > 0) cells[k].peak = cells[k - 1].peak >= 0 ? cells[k - 1].peak : m.peaks_++;
+        }
+        int32_t top = 0;
+        while (top < nC + 1 && m.edges_[static_cast<size_t>(top) + 1] < m.highEdge_[s]) ++top;
+        m.topClass_[s] = top;
+    }
     return m;
 }
 
 ElefanScratch::ElefanScratch(const ElefanModel& model)
     : stride_(static_cast<size_t>(model.nC()) + 1),
-      points_((static_cast<size_t>(model.nS()) + 1) * stride_, 0.0f),
-      dirtyLow_(static_cast<size_t>(model.nS()) + 1, 0),
-      dirtyHigh_(static_cast<size_t>(model.nS()) + 1, -1) {
+      points_((static_cast<size_t>(model.nS()) + 1) * stride_, 0.0f) {
     for (int s = 1; s <= model.nS(); ++s) {
         for (int k = 1; k <= model.nC(); ++k) at(s, k) = model.pointsMaster(s, k);
     }
-    dirtyRows_.reserve(static_cast<size_t>(model.nS()));
+    peakWalk_.assign(static_cast<size_t>(model.peaks_), 0);
     chains_.resize(static_cast<size_t>(model.timeGroups_));
 }
 
-void ElefanScratch::markConsumed(int s, int k) {
-    int32_t& lo = dirtyLow_[static_cast<size_t>(s)];
-    int32_t& hi = dirtyHigh_[static_cast<size_t>(s)];
-    if (hi < lo) {
-        dirtyRows_.push_back(s);
-        lo = hi = k;
-    } else {
-        if (k < lo) lo = k;
-        if (k > hi) hi = k;
+uint32_t ElefanScratch::beginWalk() {
+    if (++walk_ == 0) {  // the numbers went round: forget every earlier walk
+        std::fill(peakWalk_.begin(), peakWalk_.end(), 0u);
+        walk_ = 1;
     }
-}
-
-void ElefanScratch::restore(const ElefanModel& model) {
-    for (int s : dirtyRows_) {
-        int32_t& lo = dirtyLow_[static_cast<size_t>(s)];
-        int32_t& hi = dirtyHigh_[static_cast<size_t>(s)];
-        for (int k = lo; k <= hi; ++k) at(s, k) = model.pointsMaster(s, k);
-        lo = 0;
-        hi = -1;
-    }
-    dirtyRows_.clear();
+    for (auto& chain : chains_) chain.backCount = chain.aheadCount = 0;
+    return walk_;
 }
 
 void ScoreCurveHit(const ElefanModel& m, ElefanScratch& scratch, int s, float L, float& esp) {
@@ -260,13 +271,11 @@ void ScoreCurveHit(const ElefanModel& m, ElefanScratch& scratch, int s, float L,
         float& c = scratch.at(s, j);
         if (c <= 0) break;
         c = 0;
-        scratch.markConsumed(s, j);
     }
     for (int j = k - 1; j >= 1; --j) {
         float& c = scratch.at(s, j);
         if (c <= 0) break;
         c = 0;
-        scratch.markConsumed(s, j);
     }
 }
 
@@ -353,105 +362,165 @@ class WalkCurve {
 
 }  // namespace
 
+namespace {
+
+// Lengths kept per chain of times; a walk that goes further works on without keeping them.
+constexpr int32_t kChainLimit = 1 << 16;
+
+// Appends (t, L) to a chain at `count`, growing it when full.
+inline void ChainPush(std::vector<float>& times, std::vector<float>& lengths, int32_t& count,
+                      float t, float L) {
+    if (static_cast<size_t>(count) == times.size()) [[unlikely]] {
+        const size_t size = std::max<size_t>(64, times.size() * 2);
+        times.resize(size);
+        lengths.resize(size);
+    }
+    times.data()[count] = t;
+    lengths.data()[count] = L;
+    ++count;
+}
+
+// One year back or ahead of t, with the faults of a time that overflows or no longer moves.
+inline float YearFrom(float t, float years) {
+    const float next = AddR4(t, years);
+    if (next == t) ThrowOverflow();
+    return next;
+}
+
+}  // namespace
+
 float ComputeRnFromOrigin(const ElefanModel& m, const GrowthParams& p, float t0,
                           ElefanScratch& scratch, float* espOut) {
-    scratch.restore(m);  // in case an earlier walk ended by a fault
     const WalkCurve curve(p, t0);
-    const float* edges = m.edges_.data();
+    const float* edges = m.walkEdges_.data();
     const int32_t top = m.nC_ + 1;
-    // The curve is a function of time alone within a walk, so a length worked out once for a
-    // time is taken again wherever the walk meets that time: on the way forward over the years
-    // it went back through, and in every sample of the same time in the year. Each time is
-    // still reached by the same 32-bit steps, and every new length is worked out in the order
-    // the plain walk would, so the same faults arise at the same point.
-    for (auto& chain : scratch.chains_) {
-        chain.backT.clear();
-        chain.backL.clear();
-        chain.aheadL.clear();
-    }
-
-    // The 95% rule applies only when Loo lies inside the file's length range.
+    const float firstEdge = edges[1];
+    const float guess = m.classGuess_;
+    const uint32_t walk = scratch.beginWalk();
+    uint32_t* peakWalk = scratch.peakWalk_.data();
+    // A walk stops above the sample's upper limit, and above 95% of Loo when Loo lies inside
+    // the file's length range.
     const bool looAboveTop = m.topEdge_ <= p.loo;
     const float loo95 = R4(static_cast<double>(p.loo) * 0.95);
+
     float esp = 0;
     for (int s = 1; s <= m.nS_; ++s) {
         const float low = m.lowEdge_[static_cast<size_t>(s)];
         const float high = m.highEdge_[static_cast<size_t>(s)];
-        float* row = &scratch.at(s, 0);
+        const float stop = looAboveTop ? high : std::min(high, loo95);
+        const int32_t topClass = m.topClass_[static_cast<size_t>(s)];
+        const ElefanModel::WalkCell* cells = &m.walkCells_[static_cast<size_t>(s) * m.walkStride()];
+
+        // A crossing as ScoreCurveHit scores it: the class of L is the last float-summed edge
+        // at or below it, guessed from the class size and settled by the edges (the floor and
+        // ceiling end both searches); a positive point is earned once per walk for its whole
+        // peak, and adding 0 (never -0) changes nothing.
+        auto score = [&](float L) {
+            if (!(low <= L && high >= L)) return;
+            const float g = (L - firstEdge) * guess;
+            int32_t k = g < static_cast<float>(top) ? static_cast<int32_t>(g) + 1 : top;
+            if (k < 0) k = 0;
+            while (edges[k + 1] <= L) ++k;
+            while (edges[k] > L) --k;
+            if (k < 1 || k > topClass) return;
+            if (k > m.nC_) throw SubscriptFault("ScoreCurveHit");
+            const ElefanModel::WalkCell cell = cells[k];
+            if (cell.value > 0) {
+                if (peakWalk[cell.peak] == walk) return;
+                peakWalk[cell.peak] = walk;
+            } else if (cell.value == 0) {
+                return;
+            }
+            esp = AddR4(esp, cell.value);
+        };
+
+        // The curve is a function of time alone within a walk, so a length worked out once for
+        // a time is taken again wherever the walk meets that time: on the way forward over the
+        // years it went back through, and in every sample of the same time in the year. Each
+        // time is still reached by the same 32-bit steps, and every new length is worked out in
+        // the order the plain walk would, so the same faults arise at the same point.
         auto& chain = scratch.chains_[static_cast<size_t>(m.timeGroup_[static_cast<size_t>(s)])];
-        // Back to the oldest cohort of this date at or below the sample's lowest class.
-        float t = m.sampleTime_[static_cast<size_t>(s)];
-        if (chain.backT.empty()) {
-            chain.backT.push_back(t);
-            chain.backL.push_back(curve(t));
+        // The years ahead are kept only where another sample of the same time may use them.
+        const bool keepAhead = m.sharedGroup_[static_cast<size_t>(m.timeGroup_[s])] != 0;
+        if (chain.backCount == 0) {
+            const float ts = m.sampleTime_[static_cast<size_t>(s)];
+            const float L0 = curve(ts);
+            ChainPush(chain.backT, chain.backL, chain.backCount, ts, L0);
+            ChainPush(chain.aheadT, chain.aheadL, chain.aheadCount, ts, L0);
         }
+        // Back to the oldest cohort of this date at or below the sample's lowest class.
+        enum class On { Back, Ahead, Off } on = On::Back;
+        int32_t j = 0;  // position on the chain back
         float L = chain.backL[0];
-        size_t j = 0;  // position on the chain back
+        float t = 0;  // the time when off the chains
         while (low < L) {
-            if (j + 1 < chain.backT.size()) {
-                ++j;
-                t = chain.backT[j];
-                L = chain.backL[j];
+            if (j + 1 < chain.backCount) {
+                L = chain.backL[static_cast<size_t>(++j)];
                 continue;
             }
-            const float earlier = AddR4(t, -1.0f);
-            if (earlier == t) ThrowOverflow();  // time no longer moves in 32 bits
-            t = earlier;
-            L = curve(t);
-            chain.backT.push_back(t);
-            chain.backL.push_back(L);
+            const float earlier = YearFrom(chain.backT[static_cast<size_t>(j)], -1.0f);
+            L = curve(earlier);
+            if (j + 1 == kChainLimit) {
+                on = On::Off;
+                t = earlier;
+                while (low < L) {
+                    t = YearFrom(t, -1.0f);
+                    L = curve(t);
+                }
+                break;
+            }
+            ChainPush(chain.backT, chain.backL, chain.backCount, earlier, L);
             ++j;
         }
-        // Forward a year at a time, scoring each crossing as ScoreCurveHit does. The class of
-        // L (the last edge at or below it) is unique because the edges rise, so it is searched
-        // from the class of the previous crossing, which the slow curves barely leave.
-        enum class On { Back, Ahead, Off } on = On::Back;
-        size_t i = 0;  // position on the chain ahead
-        int32_t k = -1;
-        while (true) {
-            if (low <= L && high >= L) {
-                if (k < 0) {
-                    k = m.classOf(L);
-                } else {
-                    while (k < top && edges[k + 1] <= L) ++k;
-                    while (k >= 1 && edges[k] > L) --k;
-                }
-                if (k != 0 && !(high <= edges[k])) {
-                    if (k > m.nC_) throw SubscriptFault("ScoreCurveHit");
-                    const float cell = row[k];
-                    // Adding 0 leaves the sum as it is (it is never -0), so it is skipped.
-                    if (cell != 0) esp = AddR4(esp, cell);
-                    if (cell > 0) {
-                        int hi = k, lo = k;
-                        while (hi + 1 <= m.nC_ && row[hi + 1] > 0) ++hi;
-                        while (lo - 1 >= 1 && row[lo - 1] > 0) --lo;
-                        for (int c = lo; c <= hi; ++c) row[c] = 0;
-                        scratch.markConsumed(s, lo, hi);
-                    }
-                }
-            }
-            const float later = AddR4(t, 1.0f);
-            if (later == t) ThrowOverflow();
-            t = later;
-            if (on == On::Back && j > 0 &&
-                std::bit_cast<uint32_t>(chain.backT[j - 1]) == std::bit_cast<uint32_t>(t)) {
-                --j;
-                L = chain.backL[j];
-            } else if (on == On::Ahead || (on == On::Back && j == 0)) {
-                // A year ahead of the sample time, or of a time ahead of it: the chain ahead.
-                if (on == On::Ahead) ++i;
+        // Forward a year at a time, scoring each crossing: along the years it went back
+        // through while the times agree, then along the years ahead of the sample time, and
+        // off the chains once the times part.
+        bool stopped = false;
+        while (on == On::Back) {
+            score(L);
+            if (j == 0) {
                 on = On::Ahead;
-                if (i == chain.aheadL.size()) chain.aheadL.push_back(curve(t));
-                L = chain.aheadL[i];
+                break;
+            }
+            const float later = YearFrom(chain.backT[static_cast<size_t>(j)], 1.0f);
+            if (std::bit_cast<uint32_t>(later) ==
+                std::bit_cast<uint32_t>(chain.backT[static_cast<size_t>(j) - 1])) {
+                L = chain.backL[static_cast<size_t>(--j)];
             } else {
                 on = On::Off;
+                t = later;
                 L = curve(t);
             }
-            if (!(looAboveTop || loo95 >= L)) break;
-            if (high < L) break;
+            stopped = L > stop;
+            if (stopped) break;
+        }
+        for (int32_t i = 0; !stopped && on == On::Ahead;) {  // i: position on the chain ahead
+            if (i > 0) score(L);
+            if (i + 1 < chain.aheadCount) {
+                L = chain.aheadL[static_cast<size_t>(++i)];
+            } else {
+                const float later = YearFrom(chain.aheadT[static_cast<size_t>(i)], 1.0f);
+                L = curve(later);
+                if (!keepAhead || i + 1 == kChainLimit) {
+                    on = On::Off;
+                    t = later;
+                } else {
+                    ChainPush(chain.aheadT, chain.aheadL, chain.aheadCount, later, L);
+                    ++i;
+                }
+            }
+            stopped = L > stop;
+        }
+        if (stopped) continue;
+        if (on == On::Off) {
+            while (true) {
+                score(L);
+                t = YearFrom(t, 1.0f);
+                L = curve(t);
+                if (L > stop) break;
+            }
         }
     }
-    scratch.restore(m);
     if (espOut != nullptr) *espOut = esp;
     return ElefanScore(esp, m.asp_);
 }

@@ -4,9 +4,9 @@
 // average; ComputeRn scores one set of growth parameters by walking the growth curve through
 // that table, one sample at a time.
 //
-// The restructured model is immutable. A walk consumes the peaks it crosses in a table of
-// points that belongs to the caller (ElefanScratch) and restores it afterwards, so one model
-// can be scored on several threads at once, one scratch per thread.
+// The restructured model is immutable. What a walk changes (the peaks it has consumed, the
+// lengths it has worked out) lives in a scratch that belongs to the caller (ElefanScratch), so
+// one model can be scored on several threads at once, one scratch per thread.
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -81,11 +81,31 @@ class ElefanModel {
     int32_t timeGroups_ = 0;
     std::vector<float> master_;  // (nS + 1) rows of nC + 3
     std::vector<float> edges_;   // edges_[k], k = 1..nC + 1
+    float classGuess_ = 0;       // 1 / CI, to guess a class before the edges settle it
     float asp_ = 0;
+
+    // The table as a walk reads it: (nS + 1) rows of classes 0..nC, each cell with its point
+    // and, for a positive point, the number of its peak (the run of positive cells it lies in;
+    // a hit anywhere in the run consumes all of it), else -1.
+    struct WalkCell {
+        float value;
+        int32_t peak;
+    };
+    size_t walkStride() const { return static_cast<size_t>(nC_) + 1; }
+    std::vector<WalkCell> walkCells_;
+    int32_t peaks_ = 0;
+    // The class edges with a floor and a ceiling: -inf at 0, edges 1..nC + 1, +inf after.
+    std::vector<float> walkEdges_;
+    // Per group of samples of one time in the year: whether more than one sample is in it.
+    std::vector<uint8_t> sharedGroup_;
+    // Per sample: the last class whose lower edge lies below the sample's upper limit. A
+    // crossing scores in classes 1 up to this one.
+    std::vector<int32_t> topClass_;
 };
 
-// The table of points that one walk consumes; one per thread. Made from a model, it must only
-// be used with that model.
+// What scoring changes, one per thread: the peaks a walk has consumed, the lengths it has
+// worked out, and the table of points that ScoreCurveHit consumes. Made from a model, it must
+// only be used with that model.
 class ElefanScratch {
   public:
     explicit ElefanScratch(const ElefanModel& model);
@@ -100,24 +120,21 @@ class ElefanScratch {
     float& at(int s, int k) {
         return points_[static_cast<size_t>(s) * stride_ + static_cast<size_t>(k)];
     }
-    void markConsumed(int s, int k);
-    void markConsumed(int s, int lo, int hi) {
-        markConsumed(s, lo);
-        markConsumed(s, hi);
-    }
-    // Copies the consumed cells back from the model.
-    void restore(const ElefanModel& model);
+    // A new walk: every peak is unconsumed again and no length is known yet.
+    uint32_t beginWalk();
 
     size_t stride_ = 0;
-    std::vector<float> points_;  // rows 0..nS, classes 0..nC
-    // Cells consumed since the last restore: one range of classes per sample row.
-    std::vector<int32_t> dirtyRows_;
-    std::vector<int32_t> dirtyLow_, dirtyHigh_;
+    // The table that ScoreCurveHit consumes: rows 0..nS, classes 0..nC.
+    std::vector<float> points_;
+    // A walk's peaks: peak p is consumed in the walk whose number peakWalk_[p] holds.
+    std::vector<uint32_t> peakWalk_;
+    uint32_t walk_ = 0;
     // The curve's times and lengths met in one walk, per group of samples of the same time in
-    // the year: `back` from the sample time a year at a time into the past, `ahead` into the
-    // future.
+    // the year, entry 0 being the sample time: `back` a year at a time into the past, `ahead`
+    // into the future. The first `backCount` and `aheadCount` entries are this walk's.
     struct Chain {
-        std::vector<float> backT, backL, aheadL;
+        std::vector<float> backT, backL, aheadT, aheadL;
+        int32_t backCount = 0, aheadCount = 0;
     };
     std::vector<Chain> chains_;
 };
