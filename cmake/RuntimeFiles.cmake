@@ -7,7 +7,8 @@ add_custom_target(norvo_runtime_files ALL DEPENDS norvo_help)
 include(${PROJECT_SOURCE_DIR}/cmake/Templates.cmake)
 add_dependencies(norvo_runtime_files norvo_templates)
 # The bundled sample data (Data/Simull01.LFQ, Data/Simull02.LFQ), simulated from the defaults,
-# and walk-through files of other kinds from the same simulated stock.
+# walk-through files of other kinds from the same simulated stock, and a prediction scenario
+# (species, two fleets) made from the catch file.
 add_executable(norvo_make_sample_data ${PROJECT_SOURCE_DIR}/src/stock/tools/make_sample_data.cpp)
 target_link_libraries(norvo_make_sample_data PRIVATE norvo_methods)
 set_target_properties(norvo_make_sample_data PROPERTIES
@@ -15,7 +16,9 @@ set_target_properties(norvo_make_sample_data PROPERTIES
 add_custom_command(
   OUTPUT ${NORVO_OUTPUT_DIR}/Data/Simull01.LFQ ${NORVO_OUTPUT_DIR}/Data/Simull02.LFQ
          ${NORVO_OUTPUT_DIR}/Data/SimTag.GIN ${NORVO_OUTPUT_DIR}/Data/SimAge.LAA
-         ${NORVO_OUTPUT_DIR}/Data/SimLen.ULF
+         ${NORVO_OUTPUT_DIR}/Data/SimLen.ULF ${NORVO_OUTPUT_DIR}/Data/SimGulf.sce
+         ${NORVO_OUTPUT_DIR}/Data/SimFish.spc ${NORVO_OUTPUT_DIR}/Data/Trawl.flt
+         ${NORVO_OUTPUT_DIR}/Data/Gillnet.flt
   COMMAND norvo_make_sample_data ${NORVO_OUTPUT_DIR}
   DEPENDS norvo_make_sample_data norvo_templates
   COMMENT "Simulating the sample data files")

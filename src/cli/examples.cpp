@@ -35,7 +35,7 @@ const std::map<std::string, std::string>& Examples() {
         {"vpa age", "norvo-cli vpa age Data/Catch.caa --m 0.2 --ft 0.5 --dt 1"},
         {"vpa length",
          "norvo-cli vpa length Data/Simull01.LFQ --m 0.8 --ft 0.5 --loo 40 --k 0.5 --plus 2"},
-        {"tb", "norvo-cli tb Data/Gulf.sce --vary Trawl --fix Gillnet=0.5 --plot tb.png"},
+        {"tb", "norvo-cli tb Data/SimGulf.sce --vary Trawl --fix Gillnet=0.5 --plot tb.png"},
         {"ypr", "norvo-cli ypr knife --mk 1 --lc 0.4"},
         {"ypr knife", "norvo-cli ypr knife --mk 1 --lc 0.4 --surface --plot ypr.png"},
         {"ypr ogive", "norvo-cli ypr ogive --mk 1 --table Data/Ogive.prb --e 0.3,0.5"},

@@ -1,12 +1,14 @@
 // Writes the bundled sample data beside the executables: Data/Simull01.LFQ (STOCK) and
 // Data/Simull02.LFQ (CATCH), simulated with the default inputs and seed, and the walk-through
-// files of tag returns, lengths at age and one ungrouped sample from the same stock.
+// files of tag returns, lengths at age and one ungrouped sample from the same stock, and the
+// prediction walk-through's species, fleets and scenario made from the catch file.
 // Usage: norvo_make_sample_data PROGRAM_FOLDER (where Templates/ stands).
 #include <exception>
 #include <filesystem>
 #include <iostream>
 
 #include "stock/sample_files.h"
+#include "stock/sample_scenario.h"
 #include "stock/simulation_file.h"
 
 int main(int argc, char** argv) {
@@ -33,6 +35,7 @@ int main(int argc, char** argv) {
         std::vector<double> lengths;
         for (const auto& fish : run.fish[0].front()) lengths.push_back(fish.length);
         SaveUngrouped(at(kSimUngroupedFile), program, lengths, run.dates.front(), today);
+        SaveSampleScenario(program, at(kSimCatchFile));
     } catch (const std::exception& e) {
         std::cerr << e.what() << "\n";
         return 1;
