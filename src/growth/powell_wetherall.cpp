@@ -19,7 +19,7 @@ PowellWetherallData PowellWetherallMethod(const LfqData& data, const PowellWethe
         d.refuse(kPwNoDataText, kPwNoDataTitle, Icon::Information);
         return d;
     }
-    d.absorb(CheckEmptySamples(data, o.transform));
+    d.absorb(CheckSampleFrequencies(data, o.transform));
     if (!d.ok()) return d;
 
     // The header keeps the first midlength and the class width as 32-bit numbers.

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstdlib>
 
+#include <fmt/format.h>
+
 #include "base/basic.h"
 #include "base/checked.h"
 #include "base/fault.h"
@@ -57,6 +59,13 @@ std::string EmptySampleText(int sampleNo) {
     return "Sample " + std::to_string(sampleNo) +
            " holds no fish, so it cannot be expressed relative to its total. Please remove it "
            "from the file or use the raw data.";
+}
+
+std::string NegativeFrequencyText(int sampleNo, double midlength, double frequency) {
+    return fmt::format(
+        "Sample {}, midlength {:g}, holds a negative frequency ({:g}). Frequencies cannot be "
+        "negative. Please correct the file.",
+        sampleNo, midlength, frequency);
 }
 
 std::string SeasonalExtrapolationText(double z) {
@@ -178,7 +187,7 @@ CatchCurveRun CatchCurveMethod(const LfqData& data, const CatchCurveOptions& o) 
         Refuse(run, kCcInvalidActionTitle, kCcNoDataSelectedText);
         return run;
     }
-    run.absorb(CheckEmptySamples(data, o.transform));
+    run.absorb(CheckSampleFrequencies(data, o.transform));
     if (!run.ok()) return run;
     const auto freq = PreparedFrequencies(data, o.transform, o.temporal);
 

@@ -88,6 +88,8 @@ inline const char* CatchCurveXLabel(double t0) {
 std::string ZeroCompensationText(int cls);
 // The refusal of a sample without fish under the percent or square-root transformation.
 std::string EmptySampleText(int sampleNo);
+// The refusal of a negative frequency stored in the file.
+std::string NegativeFrequencyText(int sampleNo, double midlength, double frequency);
 // "Estimation of probability of capture not applicable. ... enter Z=<z> ..."
 std::string SeasonalExtrapolationText(double z);
 

@@ -44,7 +44,7 @@ JonesVanZalingeRun JonesVanZalingeMethod(const LfqData& data, const JonesVanZali
         run.refuse(kJvzNoDataText, kJvzNoDataTitle, Icon::Information);
         return run;
     }
-    run.absorb(CheckEmptySamples(data, o.transform));
+    run.absorb(CheckSampleFrequencies(data, o.transform));
     if (!run.ok()) return run;
 
     const int nC = data.noOfClasses;

@@ -14,8 +14,17 @@ bool AnySampleSelected(const std::vector<bool>& selected, int noOfSamples) {
     return false;
 }
 
-Outcome CheckEmptySamples(const LfqData& data, CcTransform kind) {
+Outcome CheckSampleFrequencies(const LfqData& data, CcTransform kind) {
     Outcome o;
+    for (size_t c = 0; c < data.freq.size(); ++c)
+        for (size_t s = 0; s < data.freq[c].size(); ++s)
+            if (data.freq[c][s] < 0) {
+                o.refuse(
+                    NegativeFrequencyText(static_cast<int>(s) + 1,
+                                          data.midlength(static_cast<int>(c)), data.freq[c][s]),
+                    kCcEmptySampleTitle, Icon::Information);
+                return o;
+            }
     if (kind == CcTransform::Raw) return o;
     for (int s = 0; s < data.noOfSamples; ++s) {
         double total = 0;

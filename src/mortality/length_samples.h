@@ -1,7 +1,7 @@
 #pragma once
 // The samples of the length-based analyses as the sample panel offers them: which samples, each
 // sample transformed by its own total, temporal weighting, and the pool of the chosen samples.
-// Percent and square root cannot be taken of a sample without fish; such a file is refused
+// A negative frequency, or a sample without fish under percent or square root, refuses the file
 // before anything is computed, whichever samples are chosen.
 #include <vector>
 
@@ -15,9 +15,10 @@ namespace norvo {
 bool IsSampleSelected(const std::vector<bool>& selected, int s);
 bool AnySampleSelected(const std::vector<bool>& selected, int noOfSamples);
 
-// Refused ("Invalid Data", naming the first empty sample) when the transformation divides by
-// sample totals and a sample of the file holds no fish.
-Outcome CheckEmptySamples(const LfqData& data, CcTransform kind);
+// Refused ("Invalid Data") at the first negative frequency, naming its sample and midlength (a
+// file edited outside the program may hold one; the logarithms and roots would fail on it), or
+// when the transformation divides by sample totals and a sample of the file holds no fish.
+Outcome CheckSampleFrequencies(const LfqData& data, CcTransform kind);
 
 // The file's frequencies freq[c][s], every sample transformed and, when asked, weighted by its
 // temporal weight.

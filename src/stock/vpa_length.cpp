@@ -81,7 +81,7 @@ Outcome CheckLengthVpa(const LfqData& data, const LengthVpaOptions& o) {
                                o.loo) < 1) {
         out.refuse(kVpaLooInFirstClassText, kVpaLengthInputTitle);
     }
-    if (out.ok()) out.absorb(CheckEmptySamples(data, o.transform));
+    if (out.ok()) out.absorb(CheckSampleFrequencies(data, o.transform));
     return out;
 }
 

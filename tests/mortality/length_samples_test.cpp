@@ -13,12 +13,24 @@ using test::MakeLfq;
 
 TEST(LengthSamples, EmptySampleRefusedUnderPercentAndRootOnlyWhetherChosenOrNot) {
     const LfqData data = MakeLfq(10, 2, {{1, 2, 3}, {0, 0, 0}, {4, 5, 6}});
-    EXPECT_TRUE(CheckEmptySamples(data, CcTransform::Raw).ok());
+    EXPECT_TRUE(CheckSampleFrequencies(data, CcTransform::Raw).ok());
     for (auto kind : {CcTransform::Percent, CcTransform::SquareRoot}) {
-        const Outcome o = CheckEmptySamples(data, kind);
+        const Outcome o = CheckSampleFrequencies(data, kind);
         ASSERT_FALSE(o.ok());
         EXPECT_EQ(o.refusal()->title, "Invalid Data");
         EXPECT_EQ(o.refusal()->text, EmptySampleText(2));
+    }
+}
+
+TEST(LengthSamples, NegativeFrequencyRefusedUnderEveryTransformNamingItsPlace) {
+    const LfqData data = MakeLfq(10, 2, {{1, 2, 3}, {0, 0, 0}, {4, -5, 6}});
+    for (auto kind : {CcTransform::Raw, CcTransform::Percent, CcTransform::SquareRoot}) {
+        const Outcome o = CheckSampleFrequencies(data, kind);
+        ASSERT_FALSE(o.ok());
+        EXPECT_EQ(o.refusal()->title, "Invalid Data");
+        EXPECT_EQ(o.refusal()->text,
+                  "Sample 3, midlength 12, holds a negative frequency (-5). Frequencies cannot "
+                  "be negative. Please correct the file.");
     }
 }
 
