@@ -1,7 +1,10 @@
 #include "cli/cmd_elefan.h"
 
 #include <charconv>
+#include <iomanip>
+#include <iostream>
 
+#include "base/format.h"
 #include "data/lfq_file.h"
 
 namespace norvo::cli {
@@ -42,6 +45,36 @@ double Shortest(float v) {
     double d = 0;
     std::from_chars(buf, res.ptr, d);
     return d;
+}
+
+void PrintSurface(Context& ctx, const SurfaceResult& r) {
+    if (ctx.json) {
+        nlohmann::json k = nlohmann::json::array(), loo = nlohmann::json::array(),
+                       grid = nlohmann::json::array();
+        for (int i = 0; i < kSurfaceSize; ++i) {
+            k.push_back(Shortest(static_cast<float>(r.kHeadings[i])));
+            loo.push_back(Shortest(static_cast<float>(r.looHeadings[i])));
+            nlohmann::json row = nlohmann::json::array();
+            for (int j = 0; j < kSurfaceSize; ++j) row.push_back(Shortest(r.grid[i][j]));
+            grid.push_back(row);
+        }
+        ctx.print({{"k", k},
+                   {"loo", loo},
+                   {"grid", grid},
+                   {"min", Shortest(r.min)},
+                   {"max", Shortest(r.max)}});
+        return;
+    }
+    std::cout << std::left << std::setw(7) << kSurfaceCorner;
+    for (int j = 0; j < kSurfaceSize; ++j)
+        std::cout << std::setw(8) << Format(r.looHeadings[j], "0.00");
+    std::cout << "\n";
+    for (int i = 0; i < kSurfaceSize; ++i) {
+        std::cout << std::setw(7) << Format(r.kHeadings[i], "0.00");
+        for (int j = 0; j < kSurfaceSize; ++j)
+            std::cout << std::setw(8) << Format(r.grid[i][j], "0.000");
+        std::cout << "\n";
+    }
 }
 
 }  // namespace norvo::cli

@@ -36,6 +36,9 @@ class CliSink : public SearchSink {
     ProgressLine line_;
 };
 
+// A response surface: as JSON (k, loo, grid, min, max) with --json, else as a table on stdout.
+void PrintSurface(Context& ctx, const SurfaceResult& r);
+
 // The result of a run, or the end of the command when Ctrl-C cancelled it.
 template <class T>
 T Finished(std::optional<T> result) {

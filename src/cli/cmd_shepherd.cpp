@@ -126,33 +126,7 @@ void RunSurface(Context& ctx, const SurfaceOptions& o) {
         DrawSurfaceHeatMap(canvas, r);
         WritePlot(canvas, o.plot);
     }
-    if (ctx.json) {
-        nlohmann::json k = nlohmann::json::array(), loo = nlohmann::json::array(),
-                       grid = nlohmann::json::array();
-        for (int i = 0; i < kSurfaceSize; ++i) {
-            k.push_back(Shortest(static_cast<float>(r.kHeadings[i])));
-            loo.push_back(Shortest(static_cast<float>(r.looHeadings[i])));
-            nlohmann::json row = nlohmann::json::array();
-            for (int j = 0; j < kSurfaceSize; ++j) row.push_back(Shortest(r.grid[i][j]));
-            grid.push_back(row);
-        }
-        ctx.print({{"k", k},
-                   {"loo", loo},
-                   {"grid", grid},
-                   {"min", Shortest(r.min)},
-                   {"max", Shortest(r.max)}});
-        return;
-    }
-    std::cout << std::left << std::setw(7) << kSurfaceCorner;
-    for (int j = 0; j < kSurfaceSize; ++j)
-        std::cout << std::setw(8) << Format(r.looHeadings[j], "0.00");
-    std::cout << "\n";
-    for (int i = 0; i < kSurfaceSize; ++i) {
-        std::cout << std::setw(7) << Format(r.kHeadings[i], "0.00");
-        for (int j = 0; j < kSurfaceSize; ++j)
-            std::cout << std::setw(8) << Format(r.grid[i][j], "0.000");
-        std::cout << "\n";
-    }
+    PrintSurface(ctx, r);
 }
 
 void AddCommon(CLI::App* cmd, ShepherdCommon& o) {

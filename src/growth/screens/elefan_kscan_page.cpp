@@ -13,6 +13,7 @@
 #include "chart/kind_a.h"
 #include "growth/elefan_search_plot.h"
 #include "growth/growth_settings.h"
+#include "growth/screens/scan_parts.h"
 #include "widgets/command_boundary.h"
 #include "widgets/number_box.h"
 #include "widgets/plot_view.h"
@@ -22,9 +23,6 @@ namespace norvo::gui {
 namespace {
 
 constexpr const char* kGroupResults = "Results";
-constexpr const char* kGroupTrend = "Trend line";
-constexpr const char* kLabelSpan = "Span:";
-constexpr int kDefaultSpan = 5;
 
 // A K-scan on the screen: each finished column extends the score line on the picture.
 class KScanRun : public ElefanRun {
@@ -81,30 +79,16 @@ ElefanKScanPage::ElefanKScanPage(ElefanShared& shared, QWidget* parent)
     best_ = MakeResultFields(results, new QFormLayout(results), 6);
     left->addWidget(results);
 
-    auto* trend = new QGroupBox(kGroupTrend, this);
-    auto* tf = new QFormLayout(trend);
-    chkTrend_ = new QCheckBox(kApplyTrendLine, trend);
-    chkTrend_->setObjectName("chkELEFAN1");
-    tf->addRow(chkTrend_);
-    hscr_ = new QScrollBar(Qt::Horizontal, trend);
-    hscr_->setObjectName("hscrELEFAN1");
-    hscr_->setRange(1, 51);
-    hscr_->setValue(kDefaultSpan);
-    spanLabel_ = new QLabel(QString::number(kDefaultSpan), trend);
-    auto* span = new QHBoxLayout;
-    span->addWidget(hscr_, 1);
-    span->addWidget(spanLabel_);
-    tf->addRow(kLabelSpan, span);
-    trend_ = MakeResultFields(trend, tf, 13);
-    left->addWidget(trend);
+    const KScanTrendGroup trend = MakeKScanTrendGroup(this, "chkELEFAN1", "hscrELEFAN1");
+    chkTrend_ = trend.apply;
+    hscr_ = trend.span;
+    spanLabel_ = trend.spanLabel;
+    trend_ = MakeResultFields(trend.box, trend.form, 13);
+    left->addWidget(trend.box);
     left->addStretch(1);
     row->addLayout(left);
 
-    view_ = new PlotView(this);
-    view_->setObjectName("picELEFAN1");
-    view_->setTracksWidgetSize(false);
-    view_->setMinimumSize(400, 300);
-    view_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    view_ = MakeScanView(this, "picELEFAN1", 400, 300);
     row->addWidget(view_, 1);
 
     DialogService& dialogs = shared_.ctx.dialogs;
@@ -125,18 +109,7 @@ ElefanKScanPage::ElefanKScanPage(ElefanShared& shared, QWidget* parent)
         connect(e, &QLineEdit::textChanged, this, Guarded(dialogs, [this] {
                     if (!filling_) clearPlot();
                 }));
-    connect(chkTrend_, &QCheckBox::toggled, this, Guarded(dialogs, [this](bool on) {
-                if (filling_) return;
-                if (on) {
-                    smooth();
-                } else if (view_->hasCleanCopy()) {
-                    view_->restoreClean();
-                }
-            }));
-    connect(hscr_, &QScrollBar::valueChanged, this, Guarded(dialogs, [this](int w) {
-                spanLabel_->setText(QString::number(w));
-                if (chkTrend_->isChecked()) smooth();
-            }));
+    ConnectKScanTrend(this, dialogs, trend, view_, filling_, [this] { smooth(); });
 }
 
 const ChartCanvas& ElefanKScanPage::canvas() const {

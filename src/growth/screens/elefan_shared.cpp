@@ -16,12 +16,12 @@
 namespace norvo::gui {
 
 QGroupBox* MakeParameterGroup(QWidget* parent, const std::array<const char*, 2>& headings,
-                              const std::array<ParameterRow, 4>& rows) {
+                              const std::vector<ParameterRow>& rows) {
     auto* group = new QGroupBox(kGroupParameters, parent);
     auto* g = new QGridLayout(group);
     g->addWidget(new QLabel(headings[0], group), 0, 1);
     g->addWidget(new QLabel(headings[1], group), 0, 2);
-    for (int r = 0; r < 4; ++r) {
+    for (int r = 0; r < static_cast<int>(rows.size()); ++r) {
         const ParameterRow& row = rows[static_cast<size_t>(r)];
         g->addWidget(new QLabel(row.label, group), r + 1, 0);
         row.first->setParent(group);

@@ -92,7 +92,7 @@ class FlagScope {
     bool was_;
 };
 
-// The "Parameters" group of the surface and the search: a row of two number fields for each
+// The "Parameters" group of the surfaces and the search: a row of two number fields for each
 // parameter, under two headings ("From", "To").
 struct ParameterRow {
     const char* label;
@@ -100,7 +100,7 @@ struct ParameterRow {
     QLineEdit* second;
 };
 QGroupBox* MakeParameterGroup(QWidget* parent, const std::array<const char*, 2>& headings,
-                              const std::array<ParameterRow, 4>& rows);
+                              const std::vector<ParameterRow>& rows);
 
 // An input field for a number, and a read-only result field ("txtELEFAN1_<index>").
 QLineEdit* MakeNumberField(QWidget* parent, const QString& name);

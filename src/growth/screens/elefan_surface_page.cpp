@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "growth/elefan_search_plot.h"
+#include "growth/screens/scan_parts.h"
 #include "widgets/command_boundary.h"
 #include "widgets/number_box.h"
 #include "widgets/plot_view.h"
@@ -75,18 +76,10 @@ ElefanSurfacePage::ElefanSurfacePage(ElefanShared& shared, QWidget* parent)
     top->addStretch(1);
     col->addLayout(top);
 
-    auto* split = new QSplitter(Qt::Horizontal, this);
-    grid_ = MakeSurfaceTable(split, "grdELEFAN1");
-    heatMap_ = new PlotView(split);
-    heatMap_->setObjectName("picSurface");
-    heatMap_->setTracksWidgetSize(false);
-    heatMap_->setMinimumSize(300, 250);
-    heatMap_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    split->addWidget(grid_);
-    split->addWidget(heatMap_);
-    split->setStretchFactor(0, 3);
-    split->setStretchFactor(1, 2);
-    col->addWidget(split, 1);
+    const SurfaceSplit split = MakeSurfaceSplit(this, "grdELEFAN1");
+    grid_ = split.table;
+    heatMap_ = split.heatMap;
+    col->addWidget(split.split, 1);
     clearGrid();
 }
 

@@ -1,13 +1,8 @@
 #include "growth/screens/frm_elefan1.h"
 
-#include <QApplication>
-#include <QCloseEvent>
-#include <QHBoxLayout>
 #include <QMdiSubWindow>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QTabWidget>
-#include <QVBoxLayout>
 
 #include "data/file_kind.h"
 #include "growth/elefan_defaults.h"
@@ -21,10 +16,11 @@
 namespace norvo::gui {
 
 FrmElefan1::FrmElefan1(ShellContext& ctx, QWidget* parent, ScorerFactory factory)
-    : QWidget(parent), ctx_(ctx), factory_(std::move(factory)), shared_(ctx, *this) {
+    : TabbedRunScreen(ctx.dialogs, parent),
+      ctx_(ctx),
+      factory_(std::move(factory)),
+      shared_(ctx, *this) {
     setObjectName("frmELEFAN1");
-    auto* layout = new QVBoxLayout(this);
-    tabs_ = new QTabWidget(this);
     general_ = new ElefanGeneralPage;
     kscan_ = new ElefanKScanPage(shared_);
     surface_ = new ElefanSurfacePage(shared_);
@@ -33,7 +29,6 @@ FrmElefan1::FrmElefan1(ShellContext& ctx, QWidget* parent, ScorerFactory factory
     tabs_->addTab(kscan_, kTabKScan);
     tabs_->addTab(surface_, kTabSurface);
     tabs_->addTab(search_, kTabSearch);
-    layout->addWidget(tabs_, 1);
 
     txtLoo_ = {surface_->looField(0), surface_->looField(1), kscan_->looField(), search_->looSeed(),
                search_->looStep()};
@@ -48,31 +43,7 @@ FrmElefan1::FrmElefan1(ShellContext& ctx, QWidget* parent, ScorerFactory factory
         txtElefan_[13 + i] = kscan_->trendFields()[i];
     }
 
-    auto* buttons = new QHBoxLayout;
-    const std::array<const char*, 5> texts = {kCmdCompute, kCmdReport, kCmdClose, kCmdOpen,
-                                              kCmdPlot};
-    for (int i = 0; i < 5; ++i) {
-        auto* b = new QPushButton(texts[static_cast<size_t>(i)], this);
-        b->setObjectName(QString("cmdELEFAN1_%1").arg(i));
-        connect(b, &QPushButton::clicked, this,
-                Guarded(ctx_.dialogs, [this, i] { cmdELEFAN1(i); }));
-        buttons->addWidget(b);
-        cmd_[static_cast<size_t>(i)] = b;
-    }
-    progress_ = new QProgressBar(this);
-    progress_->setVisible(false);
-    cancel_ = new QPushButton(kCmdCancel, this);
-    cancel_->setObjectName("cmdCancel");
-    cancel_->setVisible(false);
-    connect(cancel_, &QPushButton::clicked, this,
-            Guarded(ctx_.dialogs, [this] { cancelRequested_ = true; }));
-    buttons->addWidget(progress_, 1);
-    buttons->addWidget(cancel_);
-    layout->addLayout(buttons);
-
-    connect(tabs_, &QTabWidget::currentChanged, this,
-            Guarded(ctx_.dialogs, [this](int tab) { cmd_[4]->setEnabled(tab != kGeneral); }));
-    cmd_[4]->setEnabled(false);
+    addCommandRow("cmdELEFAN1", [this](int i) { cmdELEFAN1(i); });
     setCaption();
 
     const std::string last = ctx_.settings.runTime(kKeyLastActive, kNoActiveFile);
@@ -168,7 +139,7 @@ void FrmElefan1::Initialize(const std::string& path) {
 // ---- commands ------------------------------------------------------------------------------
 
 void FrmElefan1::cmdELEFAN1(int index) {
-    if (running_) return;
+    if (running()) return;
     switch (index) {
         case 0:
             computeCommand();
@@ -212,7 +183,7 @@ void FrmElefan1::KScanSmooth() {
 }
 
 void FrmElefan1::ComputeFinerSurface(int n) {
-    if (!running_) surface_->computeFiner(n);
+    if (!running()) surface_->computeFiner(n);
 }
 
 void FrmElefan1::closeCommand() {
@@ -261,57 +232,6 @@ void FrmElefan1::plotCommand() {
         default:
             break;
     }
-}
-
-// ---- runs ----------------------------------------------------------------------------------
-
-void FrmElefan1::beginRun() {
-    running_ = true;
-    cancelRequested_ = false;
-    tabs_->setEnabled(false);
-    for (auto* b : cmd_) b->setEnabled(false);
-    progress_->setValue(0);
-    progress_->setVisible(true);
-    cancel_->setVisible(true);
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    if (QWidget* w = window()) w->installEventFilter(this);
-}
-
-void FrmElefan1::endRun() {
-    if (QWidget* w = window()) w->removeEventFilter(this);
-    QApplication::restoreOverrideCursor();
-    progress_->setVisible(false);
-    cancel_->setVisible(false);
-    tabs_->setEnabled(true);
-    for (auto* b : cmd_) b->setEnabled(true);
-    cmd_[4]->setEnabled(tabs_->currentIndex() != kGeneral);
-    running_ = false;
-}
-
-void FrmElefan1::showProgress(int done, int total) {
-    progress_->setRange(0, total);
-    progress_->setValue(done);
-    step();
-}
-
-bool FrmElefan1::cancelRequested() {
-    step();
-    return cancelRequested_;
-}
-
-void FrmElefan1::step() {
-    if (onStep) onStep();
-    QCoreApplication::processEvents();
-}
-
-// A window may not close under a running computation: closing asks for a cancel instead.
-bool FrmElefan1::eventFilter(QObject* watched, QEvent* event) {
-    if (running_ && event->type() == QEvent::Close) {
-        cancelRequested_ = true;
-        event->ignore();
-        return true;
-    }
-    return QWidget::eventFilter(watched, event);
 }
 
 }  // namespace norvo::gui

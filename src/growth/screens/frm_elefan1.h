@@ -10,12 +10,12 @@
 #include <string>
 
 #include "growth/screens/elefan_shared.h"
+#include "growth/screens/tabbed_run_screen.h"
 #include "widgets/shell_context.h"
 
 class QCheckBox;
 class QComboBox;
 class QLineEdit;
-class QProgressBar;
 class QPushButton;
 class QRadioButton;
 class QScrollBar;
@@ -36,17 +36,11 @@ inline constexpr const char* kTabGeneral = "&General";
 inline constexpr const char* kTabKScan = "&K Scan";
 inline constexpr const char* kTabSurface = "Response &Surface";
 inline constexpr const char* kTabSearch = "&Automatic Search";
-inline constexpr const char* kCmdCompute = "&Compute";
-inline constexpr const char* kCmdReport = "&Report";
-inline constexpr const char* kCmdClose = "&Close";
-inline constexpr const char* kCmdOpen = "&Open...";
-inline constexpr const char* kCmdPlot = "P&lot";
-inline constexpr const char* kCmdCancel = "Cancel";
 inline constexpr const char* kOpenTitle = "Open";
 inline constexpr const char* kLfqFilter =
     "Length-frequency files (*.lfq)|*.lfq|All files (*.*)|*.*";
 
-class FrmElefan1 : public QWidget, private RunHost {
+class FrmElefan1 : public TabbedRunScreen {
   public:
     using ScorerFactory = std::function<std::unique_ptr<ElefanFileScorer>(const LfqData&)>;
 
@@ -66,7 +60,6 @@ class FrmElefan1 : public QWidget, private RunHost {
     void ComputeFinerSurface(int n);
 
     // The controls by their classic names and indices, for tests.
-    QTabWidget* tabs() const { return tabs_; }
     QLineEdit* txtLoo(int i) const { return txtLoo_[static_cast<size_t>(i)]; }
     QLineEdit* txtK(int i) const { return txtK_[static_cast<size_t>(i)]; }
     QLineEdit* txtC(int i) const { return txtC_[static_cast<size_t>(i)]; }
@@ -84,15 +77,10 @@ class FrmElefan1 : public QWidget, private RunHost {
     QRadioButton* optSearch(int i) const;
     QTableWidget* grdELEFAN1() const;
     QTableWidget* spdSearch() const;
-    QPushButton* button(int i) const { return cmd_[static_cast<size_t>(i)]; }
     const ChartCanvas& kscanCanvas() const;
     const ChartCanvas& surfaceCanvas() const;
     const std::optional<KScanResult>& kscanResult() const;
     const GrowthParams& state() const { return shared_.state; }
-    bool running() const { return running_; }
-    void requestCancel() { cancelRequested_ = true; }
-    // Run on every step of a run (tests use it to cancel midway).
-    std::function<void()> onStep;
 
   private:
     enum Tab { kGeneral = 0, kKScanTab = 1, kSurfaceTab = 2, kSearchTab = 3 };
@@ -103,29 +91,16 @@ class FrmElefan1 : public QWidget, private RunHost {
     void closeCommand();
     void reportCommand();
     void plotCommand();
-    void step();
-    // RunHost
-    void beginRun() override;
-    void endRun() override;
-    void showProgress(int done, int total) override;
-    bool cancelRequested() override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
     ShellContext& ctx_;
     ScorerFactory factory_;
     ElefanShared shared_;
     std::string path_;
-    bool running_ = false;
-    bool cancelRequested_ = false;
 
-    QTabWidget* tabs_ = nullptr;
     ElefanGeneralPage* general_ = nullptr;
     ElefanKScanPage* kscan_ = nullptr;
     ElefanSurfacePage* surface_ = nullptr;
     ElefanSearchPage* search_ = nullptr;
-    QProgressBar* progress_ = nullptr;
-    QPushButton* cancel_ = nullptr;
-    std::array<QPushButton*, 5> cmd_{};
     // The classic control arrays over the pages' fields.
     std::array<QLineEdit*, 5> txtLoo_{};
     std::array<QLineEdit*, 4> txtK_{};

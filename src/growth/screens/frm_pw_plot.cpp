@@ -17,6 +17,7 @@
 #include "growth/powell_wetherall_plot.h"
 #include "mortality/catch_curve_plot.h"
 #include "widgets/command_boundary.h"
+#include "widgets/file_name_row.h"
 #include "widgets/number_box.h"
 #include "widgets/output_screen.h"
 #include "widgets/plot_view.h"
@@ -64,16 +65,10 @@ FrmPwPlot::FrmPwPlot(ShellContext& ctx, QWidget* parent)
     auto* dataTab = new QWidget;
     auto* dataLayout = new QVBoxLayout(dataTab);
     auto* form = new QFormLayout;
-    auto* fileRow = new QHBoxLayout;
-    file_ = new QLineEdit(dataTab);
-    file_->setReadOnly(true);
-    cmd_[4] = new QPushButton(kPwCmdOpen, dataTab);
-    cmd_[4]->setFixedWidth(32);
-    fileRow->addWidget(file_);
-    fileRow->addWidget(cmd_[4]);
-    form->addRow("File name:", fileRow);
-    species_ = new QLabel(dataTab);
-    form->addRow("Species:", species_);
+    const FileNameRow fileRow = AddFileNameRow(form, dataTab, kPwCmdOpen);
+    file_ = fileRow.file;
+    cmd_[4] = fileRow.open;
+    species_ = AddSpeciesRow(form, dataTab);
     dataLayout->addLayout(form);
     samples_ = new SamplePanel(ctx_.dialogs, dataTab);
     samples_->list()->setObjectName("lstPWPlot");
@@ -159,12 +154,7 @@ int FrmPwPlot::picked() const {
 }
 
 void FrmPwPlot::Initialize(const std::string& path) {
-    ctx_.session.readLfq(path, ctx_.dialogs);
-    if (ctx_.session.fileReadFailed) return;
-    st_->data = ctx_.session.lfqData;
-    file_->setText(QString::fromStdString(path));
-    species_->setText(QString::fromStdString(st_->data.speciesname));
-    samples_->setData(st_->data);
+    if (!ReadLfqOnScreen(ctx_, path, st_->data, file_, species_, samples_)) return;
     clearForChange();
 }
 

@@ -12,6 +12,7 @@
 #include "growth/elefan_search_plot.h"
 #include "growth/growth_settings.h"
 #include "growth/screens/elefan_kscan_page.h"
+#include "growth/screens/scan_parts.h"
 #include "growth/shepherd_report.h"
 #include "widgets/command_boundary.h"
 #include "widgets/number_box.h"
@@ -20,10 +21,6 @@
 namespace norvo::gui {
 
 namespace {
-
-constexpr const char* kGroupTrend = "Trend line";
-constexpr const char* kLabelSpan = "Span:";
-constexpr int kDefaultSpan = 5;
 
 ShepherdFields MakeFields(QWidget* parent, QFormLayout* form, int firstIndex) {
     ShepherdFields fields{};
@@ -70,48 +67,23 @@ ShepherdKScanPage::ShepherdKScanPage(ShepherdShared& shared, QWidget* parent)
     best_ = MakeFields(results, new QFormLayout(results), 0);
     left->addWidget(results);
 
-    auto* trend = new QGroupBox(kGroupTrend, this);
-    auto* tf = new QFormLayout(trend);
-    chkTrend_ = new QCheckBox(kApplyTrendLine, trend);
-    chkTrend_->setObjectName("chkShepherd");
-    tf->addRow(chkTrend_);
-    hscr_ = new QScrollBar(Qt::Horizontal, trend);
-    hscr_->setObjectName("hscrShepherd");
-    hscr_->setRange(1, 51);
-    hscr_->setValue(kDefaultSpan);
-    spanLabel_ = new QLabel(QString::number(kDefaultSpan), trend);
-    auto* span = new QHBoxLayout;
-    span->addWidget(hscr_, 1);
-    span->addWidget(spanLabel_);
-    tf->addRow(kLabelSpan, span);
-    trend_ = MakeFields(trend, tf, 5);
-    left->addWidget(trend);
+    const KScanTrendGroup trend = MakeKScanTrendGroup(this, "chkShepherd", "hscrShepherd");
+    chkTrend_ = trend.apply;
+    hscr_ = trend.span;
+    spanLabel_ = trend.spanLabel;
+    trend_ = MakeFields(trend.box, trend.form, 5);
+    left->addWidget(trend.box);
     left->addStretch(1);
     row->addLayout(left);
 
-    view_ = new PlotView(this);
-    view_->setObjectName("picShepherd");
-    view_->setTracksWidgetSize(false);
-    view_->setMinimumSize(400, 300);
-    view_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    view_ = MakeScanView(this, "picShepherd", 400, 300);
     row->addWidget(view_, 1);
 
     DialogService& dialogs = shared_.ctx.dialogs;
     connect(loo_, &QLineEdit::textChanged, this, Guarded(dialogs, [this] {
                 if (!filling_) clearPlot();
             }));
-    connect(chkTrend_, &QCheckBox::toggled, this, Guarded(dialogs, [this](bool on) {
-                if (filling_) return;
-                if (on) {
-                    smooth();
-                } else if (view_->hasCleanCopy()) {
-                    view_->restoreClean();
-                }
-            }));
-    connect(hscr_, &QScrollBar::valueChanged, this, Guarded(dialogs, [this](int w) {
-                spanLabel_->setText(QString::number(w));
-                if (chkTrend_->isChecked()) smooth();
-            }));
+    ConnectKScanTrend(this, dialogs, trend, view_, filling_, [this] { smooth(); });
 }
 
 const ChartCanvas& ShepherdKScanPage::canvas() const {

@@ -1,9 +1,7 @@
 #include "growth/screens/shepherd_surface_page.h"
 
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QSplitter>
 #include <QTableWidget>
@@ -11,6 +9,7 @@
 
 #include "growth/elefan_search_plot.h"
 #include "growth/screens/elefan_surface_page.h"
+#include "growth/screens/scan_parts.h"
 #include "growth/shepherd_report.h"
 #include "widgets/command_boundary.h"
 #include "widgets/number_box.h"
@@ -30,40 +29,27 @@ ShepherdSurfacePage::ShepherdSurfacePage(ShepherdShared& shared, QWidget* parent
     DialogService& dialogs = shared_.ctx.dialogs;
     auto* col = new QVBoxLayout(this);
     auto* top = new QHBoxLayout;
-    auto* params = new QGroupBox(kGroupParameters, this);
-    auto* g = new QGridLayout(params);
-    g->addWidget(new QLabel(kLabelFrom, params), 0, 1);
-    g->addWidget(new QLabel(kLabelTo, params), 0, 2);
-    const std::array<const char*, 2> labels = {kLabelK, kLabelLoo};
     const std::array<const char*, 2> names = {"txtK_%1", "txtLoo_%1"};
     const std::array<std::array<QLineEdit*, 2>*, 2> pairs = {&k_, &loo_};
     for (size_t r = 0; r < pairs.size(); ++r) {
-        g->addWidget(new QLabel(labels[r], params), static_cast<int>(r) + 1, 0);
         for (int i = 0; i < 2; ++i) {
-            QLineEdit* e = MakeNumberField(params, QString(names[r]).arg(i));
+            QLineEdit* e = MakeNumberField(this, QString(names[r]).arg(i));
             (*pairs[r])[static_cast<size_t>(i)] = e;
-            g->addWidget(e, static_cast<int>(r) + 1, i + 1);
             connect(e, &QLineEdit::textChanged, this, Guarded(dialogs, [this] {
                         if (!filling_) clearGrid();
                     }));
         }
     }
+    auto* params = MakeParameterGroup(this, {kLabelFrom, kLabelTo},
+                                      {{kLabelK, k_[0], k_[1]}, {kLabelLoo, loo_[0], loo_[1]}});
     top->addWidget(params);
     top->addStretch(1);
     col->addLayout(top);
 
-    auto* split = new QSplitter(Qt::Horizontal, this);
-    grid_ = MakeSurfaceTable(split, "grdShepherd");
-    heatMap_ = new PlotView(split);
-    heatMap_->setObjectName("picSurface");
-    heatMap_->setTracksWidgetSize(false);
-    heatMap_->setMinimumSize(300, 250);
-    heatMap_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    split->addWidget(grid_);
-    split->addWidget(heatMap_);
-    split->setStretchFactor(0, 3);
-    split->setStretchFactor(1, 2);
-    col->addWidget(split, 1);
+    const SurfaceSplit split = MakeSurfaceSplit(this, "grdShepherd");
+    grid_ = split.table;
+    heatMap_ = split.heatMap;
+    col->addWidget(split.split, 1);
     clearGrid();
 }
 

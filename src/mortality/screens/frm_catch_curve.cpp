@@ -22,6 +22,7 @@
 #include "selection/screens/frm_probability.h"
 #include "selection/selection.h"
 #include "widgets/command_boundary.h"
+#include "widgets/file_name_row.h"
 #include "widgets/number_box.h"
 #include "widgets/output_screen.h"
 #include "widgets/plot_view.h"
@@ -83,16 +84,10 @@ FrmCatchCurve::FrmCatchCurve(ShellContext& ctx, QWidget* parent)
     auto* dataTab = new QWidget;
     auto* dataLayout = new QVBoxLayout(dataTab);
     auto* form = new QFormLayout;
-    auto* fileRow = new QHBoxLayout;
-    file_ = new QLineEdit(dataTab);
-    file_->setReadOnly(true);
-    cmd_[2] = new QPushButton(kCcCmdOpen, dataTab);
-    cmd_[2]->setFixedWidth(32);
-    fileRow->addWidget(file_);
-    fileRow->addWidget(cmd_[2]);
-    form->addRow("File name:", fileRow);
-    species_ = new QLabel(dataTab);
-    form->addRow("Species:", species_);
+    const FileNameRow fileRow = AddFileNameRow(form, dataTab, kCcCmdOpen);
+    file_ = fileRow.file;
+    cmd_[2] = fileRow.open;
+    species_ = AddSpeciesRow(form, dataTab);
     for (size_t i = 0; i < fields_.size(); ++i) {
         fields_[i] = new QLineEdit(dataTab);
         form->addRow(kFieldCaptions[i], fields_[i]);
@@ -199,12 +194,7 @@ const Extrapolation* FrmCatchCurve::extrapolation() const {
 }
 
 void FrmCatchCurve::Initialize(const std::string& path) {
-    ctx_.session.readLfq(path, ctx_.dialogs);
-    if (ctx_.session.fileReadFailed) return;
-    st_->data = ctx_.session.lfqData;
-    file_->setText(QString::fromStdString(path));
-    species_->setText(QString::fromStdString(st_->data.speciesname));
-    samples_->setData(st_->data);
+    if (!ReadLfqOnScreen(ctx_, path, st_->data, file_, species_, samples_)) return;
     clearForChange();
 }
 

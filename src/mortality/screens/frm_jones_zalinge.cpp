@@ -18,6 +18,7 @@
 #include "mortality/catch_curve_plot.h"
 #include "mortality/jones_van_zalinge_plot.h"
 #include "widgets/command_boundary.h"
+#include "widgets/file_name_row.h"
 #include "widgets/number_box.h"
 #include "widgets/output_screen.h"
 #include "widgets/plot_view.h"
@@ -48,16 +49,10 @@ FrmJonesZalinge::FrmJonesZalinge(ShellContext& ctx, QWidget* parent)
     auto* dataLayout = new QVBoxLayout(dataTab);
     auto* top = new QHBoxLayout;
     auto* form = new QFormLayout;
-    auto* fileRow = new QHBoxLayout;
-    file_ = new QLineEdit(dataTab);
-    file_->setReadOnly(true);
-    cmd_[2] = new QPushButton(kJvzCmdOpen, dataTab);
-    cmd_[2]->setFixedWidth(32);
-    fileRow->addWidget(file_);
-    fileRow->addWidget(cmd_[2]);
-    form->addRow("File name:", fileRow);
-    species_ = new QLabel(dataTab);
-    form->addRow("Species:", species_);
+    const FileNameRow fileRow = AddFileNameRow(form, dataTab, kJvzCmdOpen);
+    file_ = fileRow.file;
+    cmd_[2] = fileRow.open;
+    species_ = AddSpeciesRow(form, dataTab);
     top->addLayout(form, 1);
     auto* growth = new QGroupBox("Growth Parameters", dataTab);
     auto* growthForm = new QFormLayout(growth);
@@ -167,12 +162,7 @@ const JonesVanZalingeRun* FrmJonesZalinge::run() const {
 }
 
 void FrmJonesZalinge::Initialize(const std::string& path) {
-    ctx_.session.readLfq(path, ctx_.dialogs);
-    if (ctx_.session.fileReadFailed) return;
-    st_->data = ctx_.session.lfqData;
-    file_->setText(QString::fromStdString(path));
-    species_->setText(QString::fromStdString(st_->data.speciesname));
-    samples_->setData(st_->data);
+    if (!ReadLfqOnScreen(ctx_, path, st_->data, file_, species_, samples_)) return;
     clearForChange();
 }
 

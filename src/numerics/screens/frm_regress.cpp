@@ -18,6 +18,7 @@
 #include "numerics/regression_tool.h"
 #include "numerics/text_convert.h"
 #include "widgets/command_boundary.h"
+#include "widgets/file_name_row.h"
 #include "widgets/number_box.h"
 #include "widgets/output_screen.h"
 #include "widgets/plot_view.h"
@@ -53,14 +54,9 @@ FrmRegress::FrmRegress(ShellContext& ctx, QWidget* parent)
 
     auto* top = new QHBoxLayout;
     auto* form = new QFormLayout;
-    auto* fileRow = new QHBoxLayout;
-    file_ = new QLineEdit(this);
-    file_->setReadOnly(true);
-    cmd_[2] = new QPushButton(kRegressCmdOpen, this);
-    cmd_[2]->setFixedWidth(32);
-    fileRow->addWidget(file_);
-    fileRow->addWidget(cmd_[2]);
-    form->addRow("File name:", fileRow);
+    const FileNameRow fileRow = AddFileNameRow(form, this, kRegressCmdOpen);
+    file_ = fileRow.file;
+    cmd_[2] = fileRow.open;
     for (size_t i = 0; i < txtTitle_.size(); ++i) {
         txtTitle_[i] = new QLineEdit(this);
         txtTitle_[i]->setReadOnly(true);

@@ -19,6 +19,7 @@
 #include "selection/gillnet.h"
 #include "selection/gillnet_plot.h"
 #include "widgets/command_boundary.h"
+#include "widgets/file_name_row.h"
 #include "widgets/number_box.h"
 #include "widgets/output_screen.h"
 #include "widgets/plot_view.h"
@@ -53,16 +54,10 @@ FrmGillNet::FrmGillNet(ShellContext& ctx, QWidget* parent)
     auto* general = new QWidget;
     auto* gl = new QVBoxLayout(general);
     auto* form = new QFormLayout;
-    auto* fileRow = new QHBoxLayout;
-    file_ = new QLineEdit(general);
-    file_->setReadOnly(true);
-    cmd_[4] = new QPushButton(kGnCommands[4], general);
-    cmd_[4]->setFixedWidth(32);
-    fileRow->addWidget(file_);
-    fileRow->addWidget(cmd_[4]);
-    form->addRow("File name:", fileRow);
-    species_ = new QLabel(general);
-    form->addRow("Species:", species_);
+    const FileNameRow fileRow = AddFileNameRow(form, general, kGnCommands[4]);
+    file_ = fileRow.file;
+    cmd_[4] = fileRow.open;
+    species_ = AddSpeciesRow(form, general);
     gl->addLayout(form);
 
     auto* meshBox = new QGroupBox(kGnMeshGroup, general);

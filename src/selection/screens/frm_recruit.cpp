@@ -21,6 +21,7 @@
 #include "selection/recruitment_normsep.h"
 #include "selection/recruitment_plot.h"
 #include "widgets/command_boundary.h"
+#include "widgets/file_name_row.h"
 #include "widgets/number_box.h"
 #include "widgets/output_screen.h"
 #include "widgets/plot_view.h"
@@ -56,16 +57,10 @@ FrmRecruit::FrmRecruit(ShellContext& ctx, QWidget* parent)
     auto* dataTab = new QWidget;
     auto* dl = new QVBoxLayout(dataTab);
     auto* form = new QFormLayout;
-    auto* fileRow = new QHBoxLayout;
-    file_ = new QLineEdit(dataTab);
-    file_->setReadOnly(true);
-    cmd_[0] = new QPushButton(kRcCommands[0], dataTab);
-    cmd_[0]->setFixedWidth(32);
-    fileRow->addWidget(file_);
-    fileRow->addWidget(cmd_[0]);
-    form->addRow("File name:", fileRow);
-    species_ = new QLabel(dataTab);
-    form->addRow("Species:", species_);
+    const FileNameRow fileRow = AddFileNameRow(form, dataTab, kRcCommands[0]);
+    file_ = fileRow.file;
+    cmd_[0] = fileRow.open;
+    species_ = AddSpeciesRow(form, dataTab);
     dl->addLayout(form);
     dl->addWidget(new QLabel(kRcSampleNote, dataTab));
     samples_ = new SamplePanel(ctx_.dialogs, dataTab);
@@ -168,12 +163,7 @@ const RecruitmentGroupsResult* FrmRecruit::decomposition() const {
 }
 
 void FrmRecruit::Initialize(const std::string& path) {
-    ctx_.session.readLfq(path, ctx_.dialogs);
-    if (ctx_.session.fileReadFailed) return;
-    st_->data = ctx_.session.lfqData;
-    file_->setText(QString::fromStdString(path));
-    species_->setText(QString::fromStdString(st_->data.speciesname));
-    samples_->setData(st_->data);
+    if (!ReadLfqOnScreen(ctx_, path, st_->data, file_, species_, samples_)) return;
     clearResults();
 }
 

@@ -17,6 +17,7 @@
 #include "stock/vpa_age.h"
 #include "stock/vpa_plot.h"
 #include "widgets/command_boundary.h"
+#include "widgets/file_name_row.h"
 #include "widgets/number_box.h"
 #include "widgets/output_screen.h"
 #include "widgets/plot_view.h"
@@ -39,14 +40,9 @@ FrmVpa1::FrmVpa1(ShellContext& ctx, QWidget* parent)
 
     auto* left = new QVBoxLayout;
     auto* form = new QFormLayout;
-    auto* fileRow = new QHBoxLayout;
-    file_ = new QLineEdit(this);
-    file_->setReadOnly(true);
-    cmd_[2] = new QPushButton(kVpa1Commands[2], this);
-    cmd_[2]->setFixedWidth(32);
-    fileRow->addWidget(file_);
-    fileRow->addWidget(cmd_[2]);
-    form->addRow("File name:", fileRow);
+    const FileNameRow fileRow = AddFileNameRow(form, this, kVpa1Commands[2]);
+    file_ = fileRow.file;
+    cmd_[2] = fileRow.open;
     for (size_t i = 0; i < header_.size(); ++i) {
         header_[i] = new QLabel(this);
         form->addRow(kVpa1HeaderCaptions[i], header_[i]);

@@ -21,6 +21,7 @@
 #include "stock/vpa_length.h"
 #include "stock/vpa_plot.h"
 #include "widgets/command_boundary.h"
+#include "widgets/file_name_row.h"
 #include "widgets/number_box.h"
 #include "widgets/output_screen.h"
 #include "widgets/plot_view.h"
@@ -50,16 +51,10 @@ FrmVpa2::FrmVpa2(ShellContext& ctx, QWidget* parent)
 
     auto* left = new QVBoxLayout;
     auto* form = new QFormLayout;
-    auto* fileRow = new QHBoxLayout;
-    file_ = new QLineEdit(this);
-    file_->setReadOnly(true);
-    cmd_[1] = new QPushButton(kVpa2Commands[1], this);
-    cmd_[1]->setFixedWidth(32);
-    fileRow->addWidget(file_);
-    fileRow->addWidget(cmd_[1]);
-    form->addRow("File name:", fileRow);
-    species_ = new QLabel(this);
-    form->addRow("Species:", species_);
+    const FileNameRow fileRow = AddFileNameRow(form, this, kVpa2Commands[1]);
+    file_ = fileRow.file;
+    cmd_[1] = fileRow.open;
+    species_ = AddSpeciesRow(form, this);
     for (size_t i = 0; i < params_.size(); ++i) {
         params_[i] = new QLineEdit(this);
         params_[i]->setMaximumWidth(110);
@@ -140,12 +135,7 @@ const LengthVpaResult* FrmVpa2::result() const {
 }
 
 void FrmVpa2::Initialize(const std::string& path) {
-    ctx_.session.readLfq(path, ctx_.dialogs);
-    if (ctx_.session.fileReadFailed) return;
-    st_->data = ctx_.session.lfqData;
-    file_->setText(QString::fromStdString(path));
-    species_->setText(QString::fromStdString(st_->data.speciesname));
-    samples_->setData(st_->data);
+    if (!ReadLfqOnScreen(ctx_, path, st_->data, file_, species_, samples_)) return;
     setWindowTitle(QString(kVpa2Caption) + " [" + QString::fromStdString(path) + "]");
     clearResult();
 }

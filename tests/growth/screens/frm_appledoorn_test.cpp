@@ -12,6 +12,7 @@
 #include "growth/appeldoorn.h"
 #include "support/growth_fit_fixtures.h"
 #include "support/locale_text.h"
+#include "support/screen_services.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/plot_view.h"
@@ -20,10 +21,7 @@ namespace norvo::gui {
 namespace {
 
 void Shot(QWidget* w, const std::string& name) {
-    const char* dir = std::getenv("NORVO_SHOTS");
-    if (!dir) return;
-    w->resize(1100, 760);
-    w->grab().save(QString::fromStdString(std::string(dir) + "/" + name + ".png"));
+    test::SaveShot(w, name, 1100, 760);
 }
 
 struct FrmAppledoornTest : ::testing::Test {

@@ -20,17 +20,14 @@
 #include "growth/elefan_search_plot.h"
 #include "support/lfq_fixtures.h"
 #include "support/locale_text.h"
+#include "support/screen_services.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
 namespace norvo::gui {
 namespace {
 
-struct FrmElefan1Test : ::testing::Test {
-    Session session;
-    MemorySettingsStore settings;
-    ScriptedDialogs dialogs;
-    ShellContext ctx{session, settings, dialogs, QString()};
+struct FrmElefan1Test : ::testing::Test, test::ScreenServices {
     std::string file = (test::BinDir() / "Data" / "Simull01.LFQ").string();
     QString status;
 

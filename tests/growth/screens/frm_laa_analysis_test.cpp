@@ -14,6 +14,7 @@
 #include "growth/length_at_age.h"
 #include "numerics/text_convert.h"
 #include "support/growth_fit_fixtures.h"
+#include "support/screen_services.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/plot_view.h"
@@ -21,12 +22,8 @@
 namespace norvo::gui {
 namespace {
 
-// Screenshots go where NORVO_SHOTS points, if set.
 void Shot(QWidget* w, const std::string& name) {
-    const char* dir = std::getenv("NORVO_SHOTS");
-    if (!dir) return;
-    w->resize(900, 860);
-    w->grab().save(QString::fromStdString(std::string(dir) + "/" + name + ".png"));
+    test::SaveShot(w, name, 900, 860);
 }
 
 bool PlotHas(PlotView* plot, const std::string& text) {

@@ -16,6 +16,7 @@
 #include "growth/powell_wetherall_plot.h"
 #include "support/lfq_fixtures.h"
 #include "support/locale_text.h"
+#include "support/screen_services.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/plot_view.h"
@@ -24,19 +25,11 @@
 namespace norvo::gui {
 namespace {
 
-// Screenshots go where NORVO_SHOTS points, if set.
 void Shot(QWidget* w, const std::string& name) {
-    const char* dir = std::getenv("NORVO_SHOTS");
-    if (!dir) return;
-    w->resize(900, 620);
-    w->grab().save(QString::fromStdString(std::string(dir) + "/" + name + ".png"));
+    test::SaveShot(w, name, 900, 620);
 }
 
-struct PwScreen : ::testing::Test {
-    Session session;
-    MemorySettingsStore settings;
-    ScriptedDialogs dialogs;
-    ShellContext ctx{session, settings, dialogs, QString::fromStdString(test::BinDir().string())};
+struct PwScreen : ::testing::Test, test::ScreenServices {
     test::TempDir dir;
     std::string path = dir.file("fish.lfq");
 

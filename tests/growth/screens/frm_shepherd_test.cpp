@@ -17,17 +17,14 @@
 #include "growth/screens/shepherd_kscan_page.h"
 #include "growth/screens/shepherd_surface_page.h"
 #include "support/locale_text.h"
+#include "support/screen_services.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 
 namespace norvo::gui {
 namespace {
 
-struct FrmShepherdTest : ::testing::Test {
-    Session session;
-    MemorySettingsStore settings;
-    ScriptedDialogs dialogs;
-    ShellContext ctx{session, settings, dialogs, QString()};
+struct FrmShepherdTest : ::testing::Test, test::ScreenServices {
     std::string file = (test::BinDir() / "Data" / "Simull01.LFQ").string();
     QString status;
 

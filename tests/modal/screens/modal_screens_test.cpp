@@ -19,6 +19,7 @@
 #include "mortality/make_lfq.h"
 #include "support/lfq_fixtures.h"
 #include "support/locale_text.h"
+#include "support/screen_services.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/plot_view.h"
@@ -27,10 +28,7 @@ namespace norvo::gui {
 namespace {
 
 void Shot(QWidget* w, const std::string& name) {
-    const char* dir = std::getenv("NORVO_SHOTS");
-    if (!dir) return;
-    w->resize(1100, 640);
-    w->grab().save(QString::fromStdString(std::string(dir) + "/" + name + ".png"));
+    test::SaveShot(w, name, 1100, 640);
 }
 
 double Phi(double x, double mean, double sd) {

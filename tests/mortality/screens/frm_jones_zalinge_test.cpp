@@ -17,6 +17,7 @@
 #include "numerics/validators.h"
 #include "support/lfq_fixtures.h"
 #include "support/locale_text.h"
+#include "support/screen_services.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/plot_view.h"
@@ -26,17 +27,10 @@ namespace norvo::gui {
 namespace {
 
 void Shot(QWidget* w, const std::string& name) {
-    const char* dir = std::getenv("NORVO_SHOTS");
-    if (!dir) return;
-    w->resize(900, 620);
-    w->grab().save(QString::fromStdString(std::string(dir) + "/" + name + ".png"));
+    test::SaveShot(w, name, 900, 620);
 }
 
-struct JvzScreen : ::testing::Test {
-    Session session;
-    MemorySettingsStore settings;
-    ScriptedDialogs dialogs;
-    ShellContext ctx{session, settings, dialogs, QString::fromStdString(test::BinDir().string())};
+struct JvzScreen : ::testing::Test, test::ScreenServices {
     test::TempDir dir;
 
     std::string Write(const std::string& name, std::vector<double> freq) {

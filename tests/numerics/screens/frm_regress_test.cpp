@@ -13,6 +13,7 @@
 #include "numerics/regression_tool.h"
 #include "numerics/text_convert.h"
 #include "support/locale_text.h"
+#include "support/screen_services.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "support/xyf_fixtures.h"
@@ -22,12 +23,8 @@
 namespace norvo::gui {
 namespace {
 
-// Screenshots go where NORVO_SHOTS points, if set.
 void Shot(QWidget* w, const std::string& name) {
-    const char* dir = std::getenv("NORVO_SHOTS");
-    if (!dir) return;
-    w->resize(900, 700);
-    w->grab().save(QString::fromStdString(std::string(dir) + "/" + name + ".png"));
+    test::SaveShot(w, name, 900, 700);
 }
 
 std::vector<std::string> PlotTexts(FrmRegress& f) {

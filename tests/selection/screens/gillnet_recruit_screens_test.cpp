@@ -19,6 +19,7 @@
 #include "selection/screens/frm_recruit.h"
 #include "support/lfq_fixtures.h"
 #include "support/locale_text.h"
+#include "support/screen_services.h"
 #include "support/scripted_dialogs.h"
 #include "support/test_paths.h"
 #include "widgets/plot_view.h"
@@ -29,12 +30,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Screenshots go where NORVO_SHOTS points, if set.
 void Shot(QWidget* w, const std::string& name) {
-    const char* dir = std::getenv("NORVO_SHOTS");
-    if (!dir) return;
-    w->resize(1000, 700);
-    w->grab().save(QString::fromStdString(std::string(dir) + "/" + name + ".png"));
+    test::SaveShot(w, name, 1000, 700);
 }
 
 struct Screens : ::testing::Test {
