@@ -17,8 +17,6 @@ namespace norvo::cli {
 // The "elefan" subcommand of `app`, created on first use.
 CLI::App& ElefanCommand(CLI::App& app);
 
-// Reads a grouped length-frequency file; one that can't be read refuses the command with the
-// reader's notice.
 // A float as the shortest decimal that reads back as the same float.
 double Shortest(float v);
 
