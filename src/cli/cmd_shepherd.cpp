@@ -31,6 +31,12 @@ void CheckPlot(const ShepherdCommon& o) {
     if (!o.plot.empty()) KeepExisting(o.plot, o.force);
 }
 
+LfqData ReadShepherdFile(Context& ctx, const std::string& path) {
+    LfqData data = ctx.read(ReadLFQ(path));
+    ctx.take(CheckShepherdFile(data));
+    return data;
+}
+
 struct ShepherdLoaded {
     std::unique_ptr<ShepherdScorer> scorer;
     std::unique_ptr<ParallelRn> rn;
@@ -38,7 +44,7 @@ struct ShepherdLoaded {
 
 ShepherdLoaded Load(Context& ctx, const ShepherdCommon& o) {
     ShepherdLoaded l;
-    l.scorer = std::make_unique<ShepherdScorer>(ShepherdDataOf(ctx.read(ReadLFQ(o.path))));
+    l.scorer = std::make_unique<ShepherdScorer>(ShepherdDataOf(ReadShepherdFile(ctx, o.path)));
     l.rn =
         std::make_unique<ParallelRn>(*l.scorer, o.threads > 0 ? o.threads : DefaultSearchThreads());
     return l;
@@ -57,7 +63,7 @@ struct ScoreOptions {
 
 void RunScore(Context& ctx, const ScoreOptions& o) {
     ctx.take(CheckShepherdLoo(o.loo));
-    const ShepherdData d = ShepherdDataOf(ctx.read(ReadLFQ(o.path)));
+    const ShepherdData d = ShepherdDataOf(ReadShepherdFile(ctx, o.path));
     const ShepherdScoreParts p = ShepherdScoreOf(d, o.loo, o.k);
     if (ctx.json) {
         ctx.print({{"score", Shortest(p.score)}, {"s1", p.s1}, {"s2", p.s2}});

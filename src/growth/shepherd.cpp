@@ -7,6 +7,7 @@
 #include "base/fault.h"
 #include "growth/elefan_lfq.h"
 #include "growth/vbgf.h"
+#include "mortality/length_samples.h"
 
 namespace norvo {
 
@@ -35,6 +36,10 @@ ShepherdData ShepherdDataOf(const ElefanInput& in) {
         d.sampleTime.push_back(
             SampleTime(in.day[static_cast<size_t>(s)], in.month[static_cast<size_t>(s)]));
     return d;
+}
+
+Outcome CheckShepherdFile(const LfqData& data) {
+    return CheckSampleFrequencies(data, CcTransform::Raw);
 }
 
 ShepherdData ShepherdDataOf(const LfqData& data) {

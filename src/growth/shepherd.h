@@ -5,6 +5,7 @@
 // the defaults of the screen's fields.
 #include <optional>
 #include <vector>
+#include "base/outcome.h"
 
 #include "data/lfq_data.h"
 #include "growth/elefan.h"
@@ -33,6 +34,10 @@ struct ShepherdData {
 
 ShepherdData ShepherdDataOf(const ElefanInput& input);
 ShepherdData ShepherdDataOf(const LfqData& data);
+
+// Refuses a file holding a negative frequency, naming its place: the score takes the square
+// root of every frequency.
+Outcome CheckShepherdFile(const LfqData& data);
 
 // The phases of the two passes, in years.
 inline constexpr double kShepherdPhase1 = 0;

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "base/fault.h"
+#include "mortality/make_lfq.h"
 
 namespace norvo {
 namespace {
@@ -40,6 +41,14 @@ TEST(ShepherdData, ClassLimitsAndSampleTimes) {
 // dT = (1/K) ln((Loo - 9) / (Loo - 11)) and the wave factor g = sin(pi dT) / (pi dT); the second
 // pass's midpoint lies a quarter year earlier, so S1 = c cos(a), S2 = c sin(a) and the score is
 // c = sqrt(f) g dT whatever the sample's date.
+// The score's square roots would fault on a negative frequency: the file is refused first.
+TEST(ShepherdData, FileWithANegativeFrequencyRefused) {
+    EXPECT_TRUE(CheckShepherdFile(test::MakeLfq(10, 2, {{1, 0, 3}})).ok());
+    const Outcome o = CheckShepherdFile(test::MakeLfq(10, 2, {{1, -1, 3}}));
+    ASSERT_FALSE(o.ok());
+    EXPECT_EQ(o.refusal()->title, "Invalid Data");
+}
+
 TEST(ShepherdScore, OneSampleOneClassBySquareRootAndWaveFactors) {
     const double pi = 3.14159265358979;
     const double dT = 2 * std::log(11.0 / 9.0);

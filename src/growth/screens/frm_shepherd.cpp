@@ -43,6 +43,7 @@ void FrmShepherd::Initialize(const std::string& path) {
     ctx_.session.readLfq(path, ctx_.dialogs);
     if (ctx_.session.fileReadFailed) return;
     const LfqData& d = ctx_.session.lfqData;
+    if (!ShowNotices(CheckShepherdFile(d), ctx_.dialogs)) return;
     shared_.file = ElefanFileInfoOf(path, d);
     general_->showFile(*shared_.file);
     ReadDefaultsShepherd();
