@@ -324,23 +324,75 @@ class WalkCurve {
             b_ = k_ * p.c / kTwoPi;
             s0_ = std::sin((t0_ - ts_) * kTwoPi) * b_;
         }
+        stepping_ = !seasonal_ && loo_ > 0 && std::fabs(k_) < kMaxStepK;
+        if (stepping_) {
+            stepUp_ = std::exp(-k_);
+            stepDown_ = std::exp(k_);
+        }
     }
     // The checks of GrowthLength only ever raise on a non-finite value, and a non-finite value
     // anywhere in the chain leaves the final length non-finite; so the length is formed
     // unchecked and only a non-finite one is formed again with every check, to raise the fault
     // GrowthLength would.
-    float operator()(float time) const {
+    [[gnu::always_inline]] float operator()(float time) {
         const double t = time;
-        const double e = seasonal_
-                             ? std::exp(-((t - t0_) * k_) - std::sin((t - ts_) * kTwoPi) * b_ + s0_)
-                             : std::exp(-((t - t0_) * k_));
-        const float l =
-            static_cast<float>(static_cast<double>(static_cast<float>((1.0 - e) * loo_)) + 0.005);
+        if (steps_ >= 0 && steps_ < kMaxSteps && (t - lastT_ == 1.0 || t - lastT_ == -1.0) &&
+            ExactStepTime(time)) {
+            // A year on or back from the last time: exp(-a) is the last one times exp(-K) or
+            // exp(K), up to the rounding of the arguments, of each exp and of each product,
+            // which `d` bounds generously. The float length falls from exp(-a) monotonically
+            // (Loo > 0), so where both ends of the bound give the same float, that float is the
+            // one exp(-a) gives. Elsewhere exp itself settles it.
+            const double a = (t - t0_) * k_;
+            const double e = e_ * (t > lastT_ ? stepUp_ : stepDown_);
+            const double d = (std::fabs(a) + a0_ + 8.0 * (steps_ + 1) + 16.0) * 0x1p-50;
+            const float lo = static_cast<float>((1.0 - e * (1.0 + d)) * loo_);
+            const float hi = static_cast<float>((1.0 - e * (1.0 - d)) * loo_);
+            if (lo == hi && std::fabs(a) < kMaxStepArg) [[likely]] {
+                lastT_ = t;
+                e_ = e;
+                ++steps_;
+                return finish(time, hi);
+            }
+        }
+        return exact(time);
+    }
+
+  private:
+    // Steps are taken only while the products stay normal and the error bound small.
+    static constexpr double kMaxStepK = 50;
+    static constexpr double kMaxStepArg = 600;
+    static constexpr int32_t kMaxSteps = 1024;
+
+    // A time whose difference from another time a year away is exact in double: 0, or not so
+    // small that the difference needs more than 53 bits.
+    static bool ExactStepTime(float time) { return time == 0 || std::fabs(time) >= 0x1p-29f; }
+
+    [[gnu::noinline]] float exact(float time) {
+        const double t = time;
+        if (seasonal_) {
+            const double e = std::exp(-((t - t0_) * k_) - std::sin((t - ts_) * kTwoPi) * b_ + s0_);
+            return finish(time, static_cast<float>((1.0 - e) * loo_));
+        }
+        const double a = (t - t0_) * k_;
+        const double e = std::exp(-a);
+        if (stepping_ && std::fabs(a) < kMaxStepArg && ExactStepTime(time)) {
+            lastT_ = t;
+            e_ = e;
+            a0_ = std::fabs(a);
+            steps_ = 0;
+        } else {
+            steps_ = -1;
+        }
+        return finish(time, static_cast<float>((1.0 - e) * loo_));
+    }
+
+    [[gnu::always_inline]] float finish(float time, float rounded) const {
+        const float l = static_cast<float>(static_cast<double>(rounded) + 0.005);
         if (!std::isfinite(l)) return checked(time);
         return l < 0.0f ? 0.0f : l;
     }
 
-  private:
     float checked(float time) const {
         const double t = time;
         double v;
@@ -358,6 +410,12 @@ class WalkCurve {
     double loo_, k_, t0_;
     bool seasonal_;
     double ts_ = 0, b_ = 0, s0_ = 0;
+    // The stepping: exp of a year forward and back, and the last time with its exp(-a), the
+    // |a| of the exp it was stepped from and the steps since (-1: no time to step from).
+    bool stepping_ = false;
+    double stepUp_ = 0, stepDown_ = 0;
+    double lastT_ = 0, e_ = 0, a0_ = 0;
+    int32_t steps_ = -1;
 };
 
 }  // namespace
@@ -391,7 +449,7 @@ inline float YearFrom(float t, float years) {
 
 float ComputeRnFromOrigin(const ElefanModel& m, const GrowthParams& p, float t0,
                           ElefanScratch& scratch, float* espOut) {
-    const WalkCurve curve(p, t0);
+    WalkCurve curve(p, t0);
     const float* edges = m.walkEdges_.data();
     const int32_t top = m.nC_ + 1;
     const float firstEdge = edges[1];
