@@ -614,7 +614,9 @@ std::optional<AutoSearchResult> AutoSearch(ParallelRn& rn, const AutoSearchInput
         }
         start[8] = queries.size();
         scores.assign(queries.size(), 0);
-        rn.run(queries, scores);
+        // Only a trial whose score is above the best so far can win, and then its score is
+        // the highest of its pairs, so the walks need not finish at or below the best.
+        rn.runAbove(queries, scores, best);
         std::array<float, 8> score{};
         for (int i = 0; i < 8; ++i)
             score[i] = ReduceSearchScores(
