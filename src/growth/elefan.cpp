@@ -234,6 +234,23 @@ ElefanModel RestructureElefan(const ElefanInput& in) {
         while (top < nC + 1 && m.edges_[static_cast<size_t>(top) + 1] < m.highEdge_[s]) ++top;
         m.topClass_[s] = top;
     }
+    // What each sample can still add: the top of each of its peaks.
+    m.restPeaks_.assign(rows + 1, 0.0);
+    m.walksCannotFault_ = true;
+    for (int s = nS; s >= 1; --s) {
+        const ElefanModel::WalkCell* cells = &m.walkCells_[static_cast<size_t>(s) * m.walkStride()];
+        double sum = 0;
+        float top = 0;
+        for (int k = 1; k <= nC; ++k) {
+            if (cells[k].peak >= 0) top = std::max(top, cells[k].value);
+            if (top > 0 && (k == nC || cells[k + 1].peak != cells[k].peak)) {
+                sum += top;
+                top = 0;
+            }
+        }
+        m.restPeaks_[s] = m.restPeaks_[s + 1] + sum;
+        if (!(m.lowEdge_[s] >= 0) || m.topClass_[s] > nC) m.walksCannotFault_ = false;
+    }
     return m;
 }
 
@@ -324,23 +341,75 @@ class WalkCurve {
             b_ = k_ * p.c / kTwoPi;
             s0_ = std::sin((t0_ - ts_) * kTwoPi) * b_;
         }
+        stepping_ = !seasonal_ && loo_ > 0 && std::fabs(k_) < kMaxStepK;
+        if (stepping_) {
+            stepUp_ = std::exp(-k_);
+            stepDown_ = std::exp(k_);
+        }
     }
     // The checks of GrowthLength only ever raise on a non-finite value, and a non-finite value
     // anywhere in the chain leaves the final length non-finite; so the length is formed
     // unchecked and only a non-finite one is formed again with every check, to raise the fault
     // GrowthLength would.
-    float operator()(float time) const {
+    [[gnu::always_inline]] float operator()(float time) {
         const double t = time;
-        const double e = seasonal_
-                             ? std::exp(-((t - t0_) * k_) - std::sin((t - ts_) * kTwoPi) * b_ + s0_)
-                             : std::exp(-((t - t0_) * k_));
-        const float l =
-            static_cast<float>(static_cast<double>(static_cast<float>((1.0 - e) * loo_)) + 0.005);
+        if (steps_ >= 0 && steps_ < kMaxSteps && (t - lastT_ == 1.0 || t - lastT_ == -1.0) &&
+            ExactStepTime(time)) {
+            // A year on or back from the last time: exp(-a) is the last one times exp(-K) or
+            // exp(K), up to the rounding of the arguments, of each exp and of each product,
+            // which `d` bounds generously. The float length falls from exp(-a) monotonically
+            // (Loo > 0), so where both ends of the bound give the same float, that float is the
+            // one exp(-a) gives. Elsewhere exp itself settles it.
+            const double a = (t - t0_) * k_;
+            const double e = e_ * (t > lastT_ ? stepUp_ : stepDown_);
+            const double d = (std::fabs(a) + a0_ + 8.0 * (steps_ + 1) + 16.0) * 0x1p-50;
+            const float lo = static_cast<float>((1.0 - e * (1.0 + d)) * loo_);
+            const float hi = static_cast<float>((1.0 - e * (1.0 - d)) * loo_);
+            if (lo == hi && std::fabs(a) < kMaxStepArg) [[likely]] {
+                lastT_ = t;
+                e_ = e;
+                ++steps_;
+                return finish(time, hi);
+            }
+        }
+        return exact(time);
+    }
+
+  private:
+    // Steps are taken only while the products stay normal and the error bound small.
+    static constexpr double kMaxStepK = 50;
+    static constexpr double kMaxStepArg = 600;
+    static constexpr int32_t kMaxSteps = 1024;
+
+    // A time whose difference from another time a year away is exact in double: 0, or not so
+    // small that the difference needs more than 53 bits.
+    static bool ExactStepTime(float time) { return time == 0 || std::fabs(time) >= 0x1p-29f; }
+
+    [[gnu::noinline]] float exact(float time) {
+        const double t = time;
+        if (seasonal_) {
+            const double e = std::exp(-((t - t0_) * k_) - std::sin((t - ts_) * kTwoPi) * b_ + s0_);
+            return finish(time, static_cast<float>((1.0 - e) * loo_));
+        }
+        const double a = (t - t0_) * k_;
+        const double e = std::exp(-a);
+        if (stepping_ && std::fabs(a) < kMaxStepArg && ExactStepTime(time)) {
+            lastT_ = t;
+            e_ = e;
+            a0_ = std::fabs(a);
+            steps_ = 0;
+        } else {
+            steps_ = -1;
+        }
+        return finish(time, static_cast<float>((1.0 - e) * loo_));
+    }
+
+    [[gnu::always_inline]] float finish(float time, float rounded) const {
+        const float l = static_cast<float>(static_cast<double>(rounded) + 0.005);
         if (!std::isfinite(l)) return checked(time);
         return l < 0.0f ? 0.0f : l;
     }
 
-  private:
     float checked(float time) const {
         const double t = time;
         double v;
@@ -358,6 +427,12 @@ class WalkCurve {
     double loo_, k_, t0_;
     bool seasonal_;
     double ts_ = 0, b_ = 0, s0_ = 0;
+    // The stepping: exp of a year forward and back, and the last time with its exp(-a), the
+    // |a| of the exp it was stepped from and the steps since (-1: no time to step from).
+    bool stepping_ = false;
+    double stepUp_ = 0, stepDown_ = 0;
+    double lastT_ = 0, e_ = 0, a0_ = 0;
+    int32_t steps_ = -1;
 };
 
 }  // namespace
@@ -389,9 +464,28 @@ inline float YearFrom(float t, float years) {
 
 }  // namespace
 
-float ComputeRnFromOrigin(const ElefanModel& m, const GrowthParams& p, float t0,
-                          ElefanScratch& scratch, float* espOut) {
-    const WalkCurve curve(p, t0);
+namespace {
+
+// How a walk may stop early: once ESP so far plus all that the samples left can add, with the
+// rounding of those additions, stays below `espLimit`.
+struct WalkCutoff {
+    double espLimit = -std::numeric_limits<double>::infinity();
+    double slack = 0;  // relative bound on the rounding of the additions left
+};
+
+constexpr float kWalkCut = -std::numeric_limits<float>::infinity();
+
+}  // namespace
+
+// The walk itself, with the model's and the scratch's insides at hand.
+struct ElefanWalker {
+    static float Rn(const ElefanModel& m, const GrowthParams& p, float t0, ElefanScratch& scratch,
+                    float* espOut, const WalkCutoff& cut);
+};
+
+float ElefanWalker::Rn(const ElefanModel& m, const GrowthParams& p, float t0,
+                       ElefanScratch& scratch, float* espOut, const WalkCutoff& cut) {
+    WalkCurve curve(p, t0);
     const float* edges = m.walkEdges_.data();
     const int32_t top = m.nC_ + 1;
     const float firstEdge = edges[1];
@@ -405,6 +499,8 @@ float ComputeRnFromOrigin(const ElefanModel& m, const GrowthParams& p, float t0,
 
     float esp = 0;
     for (int s = 1; s <= m.nS_; ++s) {
+        const double rest = m.restPeaks_[static_cast<size_t>(s)];
+        if (esp + rest + cut.slack * (std::fabs(esp) + rest) < cut.espLimit) return kWalkCut;
         const float low = m.lowEdge_[static_cast<size_t>(s)];
         const float high = m.highEdge_[static_cast<size_t>(s)];
         const float stop = looAboveTop ? high : std::min(high, loo95);
@@ -523,6 +619,42 @@ float ComputeRnFromOrigin(const ElefanModel& m, const GrowthParams& p, float t0,
     }
     if (espOut != nullptr) *espOut = esp;
     return ElefanScore(esp, m.asp_);
+}
+
+float ComputeRnFromOrigin(const ElefanModel& m, const GrowthParams& p, float t0,
+                          ElefanScratch& scratch, float* espOut) {
+    return ElefanWalker::Rn(m, p, t0, scratch, espOut, WalkCutoff{});
+}
+
+// A walk may be cut short only where the rest of it can raise no fault, so that cutting changes
+// nothing but the scores at or below the floor. With every sample's lower limit at or above 0,
+// no class past nC in reach, 0.01 <= Loo <= 1e4, 0.01 <= K <= 100, 0 <= C <= 1 and |t0| <= 1000,
+// the curve rises (never falls) and lies at or below 0 before its origin, so the walk back from
+// a sample time ends within 1100 years, the walk forward within ln(Loo / 0.003) / K + 2 years
+// (the length then exceeds any stop), the times stay far from where a year no longer counts,
+// and exp's argument stays within a few hundred. The additions left are at most nS times that
+// many, each rounding by at most 2^-24 of a partial sum; partial sums that dip below 0 only
+// lower the end. Below `espLimit`, Rn is at least 0.0005 below the floor: 10^(ESP / ASP) / 10
+// rounded to three decimals gains at most 0.001 by its roundings.
+float ComputeRnFromOriginAbove(const ElefanModel& m, const GrowthParams& p, float t0,
+                               ElefanScratch& scratch, float floor) {
+    WalkCutoff cut;
+    const double f = static_cast<double>(floor) - 0.0015;
+    if (m.walksCannotFault_ && m.asp_ > 0 && f > 0 && f < 1e6 && p.loo >= 0.01f && p.loo <= 1e4f &&
+        p.k >= 0.01f && p.k <= 100 && p.c >= 0 && p.c <= 1 && std::fabs(p.wp) <= 1e6f &&
+        std::fabs(t0) <= 1000) {
+        const double years =
+            2 * 1100 +
+            std::log(std::max(1.0, static_cast<double>(p.loo)) / 0.003) / static_cast<double>(p.k) +
+            16;
+        const double slack = m.nS_ * years * 0x1p-23;
+        if (slack < 0.25) {
+            const double limit = std::log10(10 * f) * m.asp_;
+            cut.espLimit = limit - std::fabs(limit) * 1e-9 - 1e-30;
+            cut.slack = slack;
+        }
+    }
+    return ElefanWalker::Rn(m, p, t0, scratch, nullptr, cut);
 }
 
 StartingPoint DefaultStartingPoint(const ElefanModel& m, float loo) {

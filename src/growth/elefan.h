@@ -67,6 +67,9 @@ class ElefanModel {
     friend float CurveOrigin(const ElefanModel&, const GrowthParams&);
     friend float ComputeRnFromOrigin(const ElefanModel&, const GrowthParams&, float, ElefanScratch&,
                                      float*);
+    friend struct ElefanWalker;
+    friend float ComputeRnFromOriginAbove(const ElefanModel&, const GrowthParams&, float,
+                                          ElefanScratch&, float);
     size_t stride() const { return static_cast<size_t>(nC_) + 3; }
 
     int32_t nS_ = 0, nC_ = 0;
@@ -101,6 +104,12 @@ class ElefanModel {
     // Per sample: the last class whose lower edge lies below the sample's upper limit. A
     // crossing scores in classes 1 up to this one.
     std::vector<int32_t> topClass_;
+    // Per sample s (1..nS + 1): the sum of the highest point of every peak of samples s..nS,
+    // the most those samples can still add to a walk's ESP.
+    std::vector<double> restPeaks_;
+    // No sample's lower limit lies below 0 and no crossing can reach past class nC: with sane
+    // growth parameters a walk then cannot fault (see ComputeRnFromOriginAbove).
+    bool walksCannotFault_ = false;
 };
 
 // What scoring changes, one per thread: the peaks a walk has consumed, the lengths it has
@@ -117,6 +126,7 @@ class ElefanScratch {
     friend void ScoreCurveHit(const ElefanModel&, ElefanScratch&, int, float, float&);
     friend float ComputeRnFromOrigin(const ElefanModel&, const GrowthParams&, float, ElefanScratch&,
                                      float*);
+    friend struct ElefanWalker;
     float& at(int s, int k) {
         return points_[static_cast<size_t>(s) * stride_ + static_cast<size_t>(k)];
     }
@@ -160,6 +170,12 @@ float CurveOrigin(const ElefanModel& model, const GrowthParams& p);
 // starting point, so ComputeRn(p) is ComputeRnFromOrigin(p, CurveOrigin(p)).
 float ComputeRnFromOrigin(const ElefanModel& model, const GrowthParams& p, float curveT0,
                           ElefanScratch& scratch, float* esp = nullptr);
+
+// ComputeRnFromOrigin for a search that keeps only scores above `floor`: a walk that can no
+// longer end above it may stop early and return -infinity. Every score above `floor` is the
+// one ComputeRnFromOrigin gives, and every fault it raises is raised.
+float ComputeRnFromOriginAbove(const ElefanModel& model, const GrowthParams& p, float curveT0,
+                               ElefanScratch& scratch, float floor);
 
 // Rn from the explained and available sums of peaks: 10 ^ (ESP / ASP) / 10, rounded to three
 // decimals as the method does (ESP = 0 gives 0.101, ESP = ASP gives 1.000).

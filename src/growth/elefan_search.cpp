@@ -129,10 +129,15 @@ void ParallelRn::spread(size_t n, Score&& score) {
 }
 
 void ParallelRn::run(std::span<const GrowthParams> queries, std::span<float> out) {
+    runAbove(queries, out, -std::numeric_limits<float>::infinity());
+}
+
+void ParallelRn::runAbove(std::span<const GrowthParams> queries, std::span<float> out,
+                          float floor) {
     const size_t n = queries.size();
     if (out.size() < n) throw SubscriptFault("ParallelRn::run");
     if (workers_[0]->scoresByOrigin()) {
-        runByOrigin(queries, out);
+        runByOrigin(queries, out, floor);
         return;
     }
     spread(n, [&](RnWorker& w, size_t i) { out[i] = w.score(queries[i]); });
@@ -171,7 +176,8 @@ OriginKey KeyOf(const GrowthParams& q, float origin) {
 // origins are formed in order up to the first that faults; a walk's fault belongs to the first
 // pair of its setting, and the settings are walked in the order of their first pairs, so the
 // lowest walk fault is the lowest faulting pair; only without one is the origin's fault raised.
-void ParallelRn::runByOrigin(std::span<const GrowthParams> queries, std::span<float> out) {
+void ParallelRn::runByOrigin(std::span<const GrowthParams> queries, std::span<float> out,
+                             float floor) {
     const size_t n = queries.size();
     RnWorker& first = *workers_[0];
     std::unordered_map<OriginKey, uint32_t, OriginKeyHash> seen;
@@ -199,7 +205,9 @@ void ParallelRn::runByOrigin(std::span<const GrowthParams> queries, std::span<fl
     }
     distinctScore_.assign(distinct_.size(), 0);
     spread(distinct_.size(), [&](RnWorker& w, size_t i) {
-        distinctScore_[i] = w.scoreFromOrigin(distinct_[i], distinctOrigin_[i]);
+        distinctScore_[i] = floor == -std::numeric_limits<float>::infinity()
+                                ? w.scoreFromOrigin(distinct_[i], distinctOrigin_[i])
+                                : w.scoreFromOriginAbove(distinct_[i], distinctOrigin_[i], floor);
     });
     for (size_t i = 0; i < formed; ++i) out[i] = distinctScore_[slot_[i]];
     if (originFault) std::rethrow_exception(originFault);
@@ -261,7 +269,8 @@ std::optional<KScanResult> KScan(ParallelRn& rn, const KScanInput& in, SearchSin
                 });
             }
             scores.resize(pairs.size());
-            rn.run(pairs, scores);
+            // Only a pair above the record can be kept, so the walks need not finish below it.
+            rn.runAbove(pairs, scores, best);
             for (size_t i = 0; i < pairs.size(); ++i) {
                 if (scores[i] > best) {
                     best = scores[i];
@@ -605,7 +614,9 @@ std::optional<AutoSearchResult> AutoSearch(ParallelRn& rn, const AutoSearchInput
         }
         start[8] = queries.size();
         scores.assign(queries.size(), 0);
-        rn.run(queries, scores);
+        // Only a trial whose score is above the best so far can win, and then its score is
+        // the highest of its pairs, so the walks need not finish at or below the best.
+        rn.runAbove(queries, scores, best);
         std::array<float, 8> score{};
         for (int i = 0; i < 8; ++i)
             score[i] = ReduceSearchScores(

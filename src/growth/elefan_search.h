@@ -70,6 +70,11 @@ class RnWorker {
     virtual bool scoresByOrigin() const { return false; }
     virtual float origin(const GrowthParams& /*q*/) { return 0; }
     virtual float scoreFromOrigin(const GrowthParams& q, float /*origin*/) { return score(q); }
+    // scoreFromOrigin for a search that keeps only scores above `floor`: a score at or below it
+    // may come back as -infinity; faults are raised as ever.
+    virtual float scoreFromOriginAbove(const GrowthParams& q, float origin, float /*floor*/) {
+        return scoreFromOrigin(q, origin);
+    }
 };
 
 // A restructured file that can be scored: the layout plus a factory of independent workers.
@@ -92,13 +97,16 @@ class ParallelRn {
     const RnLayout& layout() const { return scorer_.layout(); }
     float one(const GrowthParams& q) { return workers_[0]->score(q); }
     void run(std::span<const GrowthParams> queries, std::span<float> out);
+    // run for a search that keeps only scores above `floor`: a score at or below it may come
+    // back as -infinity.
+    void runAbove(std::span<const GrowthParams> queries, std::span<float> out, float floor);
 
   private:
     // Calls score(worker, i) for i in 0..n-1 spread over the workers; the fault of the lowest
     // i is raised, as one thread working in order would have met it first.
     template <class Score>
     void spread(size_t n, Score&& score);
-    void runByOrigin(std::span<const GrowthParams> queries, std::span<float> out);
+    void runByOrigin(std::span<const GrowthParams> queries, std::span<float> out, float floor);
 
     // Helper threads, started at the first batch worth sharing and kept for every later one.
     class Pool;

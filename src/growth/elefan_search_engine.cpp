@@ -17,6 +17,9 @@ class EngineWorker : public RnWorker {
     float scoreFromOrigin(const GrowthParams& q, float t0) override {
         return ComputeRnFromOrigin(model_, q, t0, scratch_);
     }
+    float scoreFromOriginAbove(const GrowthParams& q, float t0, float floor) override {
+        return ComputeRnFromOriginAbove(model_, q, t0, scratch_, floor);
+    }
 
   private:
     const ElefanModel& model_;

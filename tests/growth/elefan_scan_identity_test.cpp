@@ -142,6 +142,42 @@ TEST(ScanIdentity, BundledFiles) {
     }
 }
 
+// A walk that keeps only scores above a floor gives every such score to the bit and nothing
+// above the floor for the others, whatever the floor, plain and seasonal, Loo above the file or
+// inside it.
+TEST(ScanIdentity, WalksAboveAFloor) {
+    std::mt19937 rng(99);
+    size_t cut = 0, kept = 0;
+    for (int file = 0; file < 16; ++file) {
+        const ElefanInput input = RandomFile(rng, file % 4 == 3);
+        const ElefanModel model = RestructureElefan(input);
+        ElefanScratch scratch(model);
+        const auto scorer = MakeElefanScorerFromInput(input);
+        const float loo = file % 2 == 0 ? DefaultKScanLoo(model) : R4(model.lastMid() * 0.8);
+        for (float k : {0.01f, 0.05f, 0.3f, 1.2f, 4.0f}) {
+            const GrowthParams q{.loo = loo, .k = k, .c = file % 3 == 0 ? 0.5f : 0.0f, .wp = 0.2f};
+            const std::vector<GrowthParams> pairs = PairsOf(scorer->layout(), q);
+            for (const GrowthParams& pair : pairs) {
+                const float origin = CurveOrigin(model, pair);
+                const float exact = ComputeRnFromOrigin(model, pair, origin, scratch);
+                for (float floor : {0.05f, 0.2f, 0.4f, exact, R4(exact - 0.001), 0.9f}) {
+                    const float got = ComputeRnFromOriginAbove(model, pair, origin, scratch, floor);
+                    if (exact > floor) {
+                        EXPECT_TRUE(SameBits(got, exact)) << file << " " << k << " " << floor;
+                        ++kept;
+                    } else {
+                        EXPECT_TRUE(SameBits(got, exact) || got == -INFINITY)
+                            << file << " " << k << " " << floor;
+                        if (got == -INFINITY) ++cut;
+                    }
+                }
+            }
+        }
+    }
+    EXPECT_GT(cut, 0u);
+    EXPECT_GT(kept, 0u);
+}
+
 // The automatic search with a variable starting point scores the same batches through the
 // engine; its rows and final state must match the reference walk's.
 TEST(ScanIdentity, AutomaticSearchWithVariableStart) {
