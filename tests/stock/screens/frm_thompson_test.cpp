@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <fmt/format.h>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
@@ -9,7 +10,6 @@
 #include <QTableWidget>
 #include <cstdlib>
 #include <filesystem>
-#include <fmt/format.h>
 
 #include "stock/screens/frm_thompson.h"
 #include "stock/thompson_bell_fixtures.h"
