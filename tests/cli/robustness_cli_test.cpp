@@ -141,15 +141,18 @@ TEST(CliImport, TablesOfIncrementsGetTheEditorsChecks) {
     EXPECT_FALSE(std::filesystem::exists(dir.file("x.gin")));
 }
 
-// Ctrl-C during a K-scan ends it between two steps: exit 130, no result, no plot.
+// Ctrl-C during a K-scan ends it between two steps: exit 130, no result, no plot. The file is
+// large enough for the scan to take well over the two seconds before the signal (ten years of
+// monthly samples in 400 classes: about 20 s on two cores).
 TEST(CliStop, CtrlCStopsALongKScan) {
     TempDir dir;
-    std::vector<std::vector<double>> freq(200, std::vector<double>(60));
-    for (int c = 0; c < 200; ++c)
-        for (int s = 0; s < 60; ++s) freq[c][s] = 1 + (c * 7 + s * 13) % 50;
+    constexpr int kClasses = 400, kSamples = 120;
+    std::vector<std::vector<double>> freq(kClasses, std::vector<double>(kSamples));
+    for (int c = 0; c < kClasses; ++c)
+        for (int s = 0; s < kSamples; ++s) freq[c][s] = 1 + (c * 7 + s * 13) % 50;
     const std::string lfq =
         test::MakeLfqFile(dir.file("big.lfq"), test::LfqHeaderOf("Big", "cm", 5, 0.5),
-                          test::MonthlySamples(60, 15, 1990), freq);
+                          test::MonthlySamples(kSamples, 15, 1990), freq);
     const std::string plot = dir.file("k.png");
     const auto r = test::RunCommand("timeout --preserve-status -s INT 2 '" +
                                     (test::BinDir() / "norvo-cli").string() + "' elefan kscan '" +
