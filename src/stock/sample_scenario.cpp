@@ -62,11 +62,12 @@ void SaveSampleScenario(const std::string& programFolder, const std::string& cat
         sce, {{kSampleSpeciesName, at(kSampleSpeciesFile)}},
         {{kSampleTrawlName, at(kSampleTrawlFile)}, {kSampleGillnetName, at(kSampleGillnetFile)}});
     std::vector<CatchRow> trawl, gillnet;
-    for (const SpeciesClass& c : species.classes) {
-        const auto i = static_cast<size_t>(&c - species.classes.data()) + 1;
-        const double total = i < r.C.size() ? r.C[i] : 0;
-        trawl.push_back({c.lengthClass, kTrawlShare * total});
-        gillnet.push_back({c.lengthClass, (1 - kTrawlShare) * total});
+    // The run's catches are 1-based by class, the species file's classes 0-based.
+    for (size_t i = 0; i < species.classes.size(); ++i) {
+        const double total = i + 1 < r.C.size() ? r.C[i + 1] : 0;
+        const double mid = species.classes[i].lengthClass;
+        trawl.push_back({mid, kTrawlShare * total});
+        gillnet.push_back({mid, (1 - kTrawlShare) * total});
     }
     for (const auto& [sel, rows] :
          {std::pair{kTrawlSelection, trawl}, std::pair{kGillnetSelection, gillnet}}) {
