@@ -22,7 +22,7 @@ Outcome CheckSampleFrequencies(const LfqData& data, CcTransform kind) {
                 o.refuse(
                     NegativeFrequencyText(static_cast<int>(s) + 1,
                                           data.midlength(static_cast<int>(c)), data.freq[c][s]),
-                    kCcEmptySampleTitle, Icon::Information);
+                    kInvalidDataTitle, Icon::Information);
                 return o;
             }
     if (kind == CcTransform::Raw) return o;

@@ -1,6 +1,5 @@
 #include "growth/screens/frm_elefan1.h"
 
-#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTabWidget>
 
@@ -184,14 +183,6 @@ void FrmElefan1::KScanSmooth() {
 
 void FrmElefan1::ComputeFinerSurface(int n) {
     if (!running()) surface_->computeFiner(n);
-}
-
-void FrmElefan1::closeCommand() {
-    if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget())) {
-        sub->close();
-    } else {
-        close();
-    }
 }
 
 void FrmElefan1::openCommand() {

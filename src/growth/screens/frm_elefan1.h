@@ -88,7 +88,6 @@ class FrmElefan1 : public TabbedRunScreen {
     void setCaption();
     void computeCommand();
     void openCommand();
-    void closeCommand();
     void reportCommand();
     void plotCommand();
 

@@ -1,6 +1,5 @@
 #include "growth/screens/frm_shepherd.h"
 
-#include <QMdiSubWindow>
 #include <QTabWidget>
 
 #include "app/active_file.h"
@@ -84,14 +83,6 @@ void FrmShepherd::cmdShepherd(int index) {
             break;
         default:
             break;
-    }
-}
-
-void FrmShepherd::closeCommand() {
-    if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget())) {
-        sub->close();
-    } else {
-        close();
     }
 }
 

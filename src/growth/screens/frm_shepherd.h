@@ -38,7 +38,6 @@ class FrmShepherd : public TabbedRunScreen {
     enum Tab { kGeneral = 0, kKScanTab = 1, kSurfaceTab = 2 };
 
     void openCommand();
-    void closeCommand();
 
     ShellContext& ctx_;
     ShepherdShared shared_;

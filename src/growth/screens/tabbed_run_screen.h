@@ -43,6 +43,8 @@ class TabbedRunScreen : public QWidget, protected RunHost {
     void showProgress(int done, int total) override;
     bool cancelRequested() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    // Closes the screen's MDI window, or the screen itself when it stands alone.
+    void closeCommand();
 
     QTabWidget* tabs_ = nullptr;
     std::array<QPushButton*, 5> cmd_{};
