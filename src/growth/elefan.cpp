@@ -626,6 +626,23 @@ float ComputeRnFromOrigin(const ElefanModel& m, const GrowthParams& p, float t0,
     return ElefanWalker::Rn(m, p, t0, scratch, espOut, WalkCutoff{});
 }
 
+namespace {
+
+// The least that 10 ^ (ESP / ASP) / 10 must reach for Rn to come out above `floor`, less a
+// margin for the roundings; 0 or less when any ESP may. Rn is a whole number k of thousandths,
+// k = Int((r + 0.0005) * 1000) with r = R4(R4(10^x / 10) + 0.0005), so Rn above the floor needs
+// k of at least kMin, the first whole number whose thousandths round above it, and then
+// 10^x / 10 of at least kMin / 1000 - 0.001 but for the float and double roundings on the way,
+// each far below the relative 1e-6 allowed here.
+double ScoreNeededAbove(float floor) {
+    double kMin = std::floor(static_cast<double>(floor) * 1000) - 2;
+    while (!(static_cast<float>(kMin / 1000) > floor)) ++kMin;
+    const double least = kMin / 1000 - 0.001;
+    return least - 1e-6 * (std::fabs(least) + 0.001);
+}
+
+}  // namespace
+
 // A walk may be cut short only where the rest of it can raise no fault, so that cutting changes
 // nothing but the scores at or below the floor. With every sample's lower limit at or above 0,
 // no class past nC in reach, 0.01 <= Loo <= 1e4, 0.01 <= K <= 100, 0 <= C <= 1 and |t0| <= 1000,
@@ -634,22 +651,22 @@ float ComputeRnFromOrigin(const ElefanModel& m, const GrowthParams& p, float t0,
 // (the length then exceeds any stop), the times stay far from where a year no longer counts,
 // and exp's argument stays within a few hundred. The additions left are at most nS times that
 // many, each rounding by at most 2^-24 of a partial sum; partial sums that dip below 0 only
-// lower the end. Below `espLimit`, Rn is at least 0.0005 below the floor: 10^(ESP / ASP) / 10
-// rounded to three decimals gains at most 0.001 by its roundings.
+// lower the end. Below `espLimit`, 10 ^ (ESP / ASP) / 10 stays under what a score above the
+// floor needs (ScoreNeededAbove).
 float ComputeRnFromOriginAbove(const ElefanModel& m, const GrowthParams& p, float t0,
                                ElefanScratch& scratch, float floor) {
     WalkCutoff cut;
-    const double f = static_cast<double>(floor) - 0.0015;
-    if (m.walksCannotFault_ && m.asp_ > 0 && f > 0 && f < 1e6 && p.loo >= 0.01f && p.loo <= 1e4f &&
-        p.k >= 0.01f && p.k <= 100 && p.c >= 0 && p.c <= 1 && std::fabs(p.wp) <= 1e6f &&
-        std::fabs(t0) <= 1000) {
+    if (m.walksCannotFault_ && m.asp_ > 0 && floor > 0 && floor < 1e6f && p.loo >= 0.01f &&
+        p.loo <= 1e4f && p.k >= 0.01f && p.k <= 100 && p.c >= 0 && p.c <= 1 &&
+        std::fabs(p.wp) <= 1e6f && std::fabs(t0) <= 1000) {
+        const double needed = ScoreNeededAbove(floor);
         const double years =
             2 * 1100 +
             std::log(std::max(1.0, static_cast<double>(p.loo)) / 0.003) / static_cast<double>(p.k) +
             16;
         const double slack = m.nS_ * years * 0x1p-23;
-        if (slack < 0.25) {
-            const double limit = std::log10(10 * f) * m.asp_;
+        if (needed > 0 && slack < 0.25) {
+            const double limit = std::log10(10 * needed) * m.asp_;
             cut.espLimit = limit - std::fabs(limit) * 1e-9 - 1e-30;
             cut.slack = slack;
         }

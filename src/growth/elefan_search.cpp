@@ -98,7 +98,7 @@ template <class Score>
 void ParallelRn::spread(size_t n, Score&& score) {
     const size_t threads = std::min(workers_.size(), std::max<size_t>(1, n / kMinParallelBatch));
     if (threads <= 1) {
-        for (size_t i = 0; i < n; ++i) score(*workers_[0], i);
+        for (size_t i = 0; i < n; ++i) score(size_t{0}, i);
         return;
     }
     std::atomic<size_t> next{0};
@@ -112,7 +112,7 @@ void ParallelRn::spread(size_t n, Score&& score) {
             for (size_t i = begin; i < end; ++i) {
                 if (i > faultAt[w]) return;
                 try {
-                    score(*workers_[w], i);
+                    score(w, i);
                 } catch (...) {
                     faultAt[w] = i;
                     faults[w] = std::current_exception();
@@ -137,10 +137,21 @@ void ParallelRn::runAbove(std::span<const GrowthParams> queries, std::span<float
     const size_t n = queries.size();
     if (out.size() < n) throw SubscriptFault("ParallelRn::run");
     if (workers_[0]->scoresByOrigin()) {
-        runByOrigin(queries, out, floor);
+        runByOrigin(queries, out, floor, false);
         return;
     }
-    spread(n, [&](RnWorker& w, size_t i) { out[i] = w.score(queries[i]); });
+    spread(n, [&](size_t w, size_t i) { out[i] = workers_[w]->score(queries[i]); });
+}
+
+void ParallelRn::runRecords(std::span<const GrowthParams> queries, std::span<float> out,
+                            float floor) {
+    const size_t n = queries.size();
+    if (out.size() < n) throw SubscriptFault("ParallelRn::run");
+    if (workers_[0]->scoresByOrigin()) {
+        runByOrigin(queries, out, floor, true);
+        return;
+    }
+    spread(n, [&](size_t w, size_t i) { out[i] = workers_[w]->score(queries[i]); });
 }
 
 namespace {
@@ -176,8 +187,12 @@ OriginKey KeyOf(const GrowthParams& q, float origin) {
 // origins are formed in order up to the first that faults; a walk's fault belongs to the first
 // pair of its setting, and the settings are walked in the order of their first pairs, so the
 // lowest walk fault is the lowest faulting pair; only without one is the origin's fault raised.
+//
+// For records, each worker also raises its floor to the best score it has met: it takes the
+// settings in rising order, so that score belongs to an earlier pair, and a later pair that
+// only equals it cannot be a record.
 void ParallelRn::runByOrigin(std::span<const GrowthParams> queries, std::span<float> out,
-                             float floor) {
+                             float floor, bool records) {
     const size_t n = queries.size();
     RnWorker& first = *workers_[0];
     std::unordered_map<OriginKey, uint32_t, OriginKeyHash> seen;
@@ -204,10 +219,15 @@ void ParallelRn::runByOrigin(std::span<const GrowthParams> queries, std::span<fl
         slot_[formed] = it->second;
     }
     distinctScore_.assign(distinct_.size(), 0);
-    spread(distinct_.size(), [&](RnWorker& w, size_t i) {
-        distinctScore_[i] = floor == -std::numeric_limits<float>::infinity()
-                                ? w.scoreFromOrigin(distinct_[i], distinctOrigin_[i])
-                                : w.scoreFromOriginAbove(distinct_[i], distinctOrigin_[i], floor);
+    workerFloor_.assign(workers_.size(), floor);
+    spread(distinct_.size(), [&](size_t w, size_t i) {
+        RnWorker& worker = *workers_[w];
+        float& least = workerFloor_[w];
+        const float r = least == -std::numeric_limits<float>::infinity()
+                            ? worker.scoreFromOrigin(distinct_[i], distinctOrigin_[i])
+                            : worker.scoreFromOriginAbove(distinct_[i], distinctOrigin_[i], least);
+        distinctScore_[i] = r;
+        if (records && r > least) least = r;
     });
     for (size_t i = 0; i < formed; ++i) out[i] = distinctScore_[slot_[i]];
     if (originFault) std::rethrow_exception(originFault);
@@ -269,8 +289,9 @@ std::optional<KScanResult> KScan(ParallelRn& rn, const KScanInput& in, SearchSin
                 });
             }
             scores.resize(pairs.size());
-            // Only a pair above the record can be kept, so the walks need not finish below it.
-            rn.runAbove(pairs, scores, best);
+            // Only a pair above the record and above every pair before it can be kept, so the
+            // walks need not finish below those.
+            rn.runRecords(pairs, scores, best);
             for (size_t i = 0; i < pairs.size(); ++i) {
                 if (scores[i] > best) {
                     best = scores[i];

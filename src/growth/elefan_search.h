@@ -100,13 +100,18 @@ class ParallelRn {
     // run for a search that keeps only scores above `floor`: a score at or below it may come
     // back as -infinity.
     void runAbove(std::span<const GrowthParams> queries, std::span<float> out, float floor);
+    // run for a search that keeps the first query, in order, whose score is above `floor` and
+    // above every score before it, and so on: a score that cannot be such a record may come
+    // back as -infinity.
+    void runRecords(std::span<const GrowthParams> queries, std::span<float> out, float floor);
 
   private:
     // Calls score(worker, i) for i in 0..n-1 spread over the workers; the fault of the lowest
     // i is raised, as one thread working in order would have met it first.
     template <class Score>
     void spread(size_t n, Score&& score);
-    void runByOrigin(std::span<const GrowthParams> queries, std::span<float> out, float floor);
+    void runByOrigin(std::span<const GrowthParams> queries, std::span<float> out, float floor,
+                     bool records);
 
     // Helper threads, started at the first batch worth sharing and kept for every later one.
     class Pool;
@@ -118,6 +123,7 @@ class ParallelRn {
     std::vector<GrowthParams> distinct_;
     std::vector<float> distinctOrigin_, distinctScore_;
     std::vector<uint32_t> slot_;
+    std::vector<float> workerFloor_;  // each worker's floor in the batch under way
 };
 
 // The number of threads used when none is asked for: every core.

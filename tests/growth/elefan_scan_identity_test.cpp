@@ -160,7 +160,8 @@ TEST(ScanIdentity, WalksAboveAFloor) {
             for (const GrowthParams& pair : pairs) {
                 const float origin = CurveOrigin(model, pair);
                 const float exact = ComputeRnFromOrigin(model, pair, origin, scratch);
-                for (float floor : {0.05f, 0.2f, 0.4f, exact, R4(exact - 0.001), 0.9f}) {
+                for (float floor : {0.001f, 0.002f, 0.05f, 0.2f, 0.4f, exact, R4(exact - 0.001),
+                                    R4(exact + 0.001), 0.9f}) {
                     const float got = ComputeRnFromOriginAbove(model, pair, origin, scratch, floor);
                     if (exact > floor) {
                         EXPECT_TRUE(SameBits(got, exact)) << file << " " << k << " " << floor;
@@ -176,6 +177,47 @@ TEST(ScanIdentity, WalksAboveAFloor) {
     }
     EXPECT_GT(cut, 0u);
     EXPECT_GT(kept, 0u);
+}
+
+// A batch scored for its records gives, on any number of threads, every score that is a record
+// in query order (above the floor and above every score before it) to the bit, so the records
+// and where they fall are those of the exact scores; many pairs tie there at low K.
+TEST(ScanIdentity, BatchRecords) {
+    std::mt19937 rng(31);
+    auto records = [](std::span<const float> scores, float floor) {
+        std::vector<std::pair<size_t, float>> found;
+        for (size_t i = 0; i < scores.size(); ++i) {
+            if (scores[i] > floor) {
+                floor = scores[i];
+                found.emplace_back(i, floor);
+            }
+        }
+        return found;
+    };
+    size_t batches = 0;
+    for (int file = 0; file < 12; ++file) {
+        const ElefanInput input = RandomFile(rng, file % 4 == 3);
+        const auto scorer = MakeElefanScorerFromInput(input);
+        const ElefanModel model = RestructureElefan(input);
+        if (model.asp() == 0) continue;
+        const float loo = DefaultKScanLoo(model);
+        for (float k : {0.01f, 0.02f, 0.1f, 0.6f, 3.0f}) {
+            const auto pairs = PairsOf(scorer->layout(), {.loo = loo, .k = k, .c = 0, .wp = 0});
+            std::vector<float> exact(pairs.size());
+            ParallelRn(*scorer, 1).run(pairs, exact);
+            for (float floor : {-999.0f, 0.001f, 0.1f}) {
+                const auto want = records(exact, floor);
+                for (int threads = 1; threads <= 3; ++threads) {
+                    ParallelRn rn(*scorer, threads);
+                    std::vector<float> got(pairs.size());
+                    rn.runRecords(pairs, got, floor);
+                    EXPECT_EQ(records(got, floor), want) << file << " " << k << " " << floor;
+                    ++batches;
+                }
+            }
+        }
+    }
+    EXPECT_GT(batches, 0u);
 }
 
 // The automatic search with a variable starting point scores the same batches through the
