@@ -304,11 +304,26 @@ float ElefanScore(float esp, float asp) {
     return R4(std::floor((static_cast<double>(r) + 0.0005) * 1000) / 1000);
 }
 
-float CurveOrigin(const ElefanModel& m, const GrowthParams& p) {
+double OriginLogs::of(float sl, float loo) {
+    const uint32_t slBits = std::bit_cast<uint32_t>(sl), looBits = std::bit_cast<uint32_t>(loo);
+    Entry& e = entries_[(slBits * 0x9E3779B1u + looBits) >> 22];
+    if (!e.known || e.sl != slBits || e.loo != looBits) {
+        e.known = false;
+        e.lg = GrowthT0Log(sl, loo);  // a fault leaves the entry unknown
+        e.sl = slBits;
+        e.loo = looBits;
+        e.known = true;
+    }
+    return e.lg;
+}
+
+float CurveOrigin(const ElefanModel& m, const GrowthParams& p, OriginLogs* logs) {
     if (m.badMonthSample_ != 0) throw SubscriptFault("SampleTime");
     const int ss = CInt(p.ss);
     if (ss < 1 || ss > m.nS_) throw SubscriptFault("ComputeRn");
-    return GrowthT0(p.sl, m.sampleTime_[static_cast<size_t>(ss)], p);
+    const float t = m.sampleTime_[static_cast<size_t>(ss)];
+    if (logs == nullptr) return GrowthT0(p.sl, t, p);
+    return GrowthT0FromLog(logs->of(p.sl, p.loo), t, p);
 }
 
 float ComputeRn(const ElefanModel& m, const GrowthParams& p, ElefanScratch& scratch, float* espOut,

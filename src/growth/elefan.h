@@ -7,6 +7,7 @@
 // The restructured model is immutable. What a walk changes (the peaks it has consumed, the
 // lengths it has worked out) lives in a scratch that belongs to the caller (ElefanScratch), so
 // one model can be scored on several threads at once, one scratch per thread.
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -32,6 +33,7 @@ struct ElefanInput {
 };
 
 class ElefanScratch;
+class OriginLogs;
 
 class ElefanModel {
   public:
@@ -64,7 +66,7 @@ class ElefanModel {
     friend ElefanModel RestructureElefan(const ElefanInput& input);
     friend class ElefanScratch;
     friend void ScoreCurveHit(const ElefanModel&, ElefanScratch&, int, float, float&);
-    friend float CurveOrigin(const ElefanModel&, const GrowthParams&);
+    friend float CurveOrigin(const ElefanModel&, const GrowthParams&, OriginLogs*);
     friend float ComputeRnFromOrigin(const ElefanModel&, const GrowthParams&, float, ElefanScratch&,
                                      float*);
     friend struct ElefanWalker;
@@ -162,9 +164,25 @@ void ScoreCurveHit(const ElefanModel& model, ElefanScratch& scratch, int s, floa
 float ComputeRn(const ElefanModel& model, const GrowthParams& p, ElefanScratch& scratch,
                 float* esp = nullptr, float* curveT0 = nullptr);
 
+// The logarithms of GrowthT0 met so far, by starting length and Loo: a scan asks for the same
+// few lengths under every K.
+class OriginLogs {
+  public:
+    double of(float sl, float loo);
+
+  private:
+    struct Entry {
+        uint32_t sl = 0, loo = 0;
+        bool known = false;
+        double lg = 0;
+    };
+    std::array<Entry, 1024> entries_{};
+};
+
 // The curve's origin (t0) that the starting point (p.ss, p.sl) gives, with the faults of a bad
-// sampling month, a sample out of range or an impossible starting length.
-float CurveOrigin(const ElefanModel& model, const GrowthParams& p);
+// sampling month, a sample out of range or an impossible starting length. `logs`, when given,
+// keeps the logarithms for later calls; the origin is the same.
+float CurveOrigin(const ElefanModel& model, const GrowthParams& p, OriginLogs* logs = nullptr);
 
 // The walk of ComputeRn from a given origin. It reads Loo, K, C and WP of `p` but not the
 // starting point, so ComputeRn(p) is ComputeRnFromOrigin(p, CurveOrigin(p)).

@@ -9,7 +9,6 @@
 #include <limits>
 #include <mutex>
 #include <thread>
-#include <unordered_map>
 
 #include "base/basic.h"
 #include "base/fault.h"
@@ -29,7 +28,9 @@ constexpr size_t kChunk = 8;
 }  // namespace
 
 // Helpers 1..n-1 wait for a job; run() hands one to the first `count - 1` of them, does its
-// own share as worker 0 and returns when every helper it asked is done.
+// own share as worker 0 and returns when every helper it asked is done. A search runs batch
+// after batch with a little sequential work between them, so both sides spin briefly before
+// they sleep: a sleeping thread takes tens of microseconds to wake.
 class ParallelRn::Pool {
   public:
     explicit Pool(size_t helpers) {
@@ -45,44 +46,60 @@ class ParallelRn::Pool {
     }
     // `job` must not throw.
     void run(size_t count, const std::function<void(size_t)>& job) {
+        job_ = &job;
+        count_ = count;
+        pending_.store(count - 1, std::memory_order_relaxed);
         {
             std::lock_guard lock(mutex_);
-            job_ = &job;
-            count_ = count;
-            pending_ = count - 1;
-            ++generation_;
+            generation_.fetch_add(1, std::memory_order_release);
         }
         wake_.notify_all();
         job(0);
-        std::unique_lock lock(mutex_);
-        done_.wait(lock, [this] { return pending_ == 0; });
+        if (!SpinUntil([this] { return pending_.load(std::memory_order_acquire) == 0; })) {
+            std::unique_lock lock(mutex_);
+            done_.wait(lock, [this] { return pending_.load(std::memory_order_acquire) == 0; });
+        }
         job_ = nullptr;
     }
 
   private:
+    // Spins for about a tenth of a millisecond; true when `ready` came true meanwhile.
+    template <class Ready>
+    static bool SpinUntil(Ready&& ready) {
+        for (int i = 0; i < 4096; ++i) {
+            if (ready()) return true;
+#if defined(__x86_64__) || defined(__i386__)
+            __builtin_ia32_pause();
+#endif
+        }
+        return ready();
+    }
+
     void loop(size_t w) {
         uint64_t seen = 0;
         for (;;) {
-            const std::function<void(size_t)>* job = nullptr;
-            {
+            auto fresh = [&] { return generation_.load(std::memory_order_acquire) != seen; };
+            if (!SpinUntil(fresh)) {
                 std::unique_lock lock(mutex_);
-                wake_.wait(lock, [&] { return stop_ || generation_ != seen; });
+                wake_.wait(lock, [&] { return stop_ || fresh(); });
                 if (stop_) return;
-                seen = generation_;
-                if (w >= count_) continue;  // not asked this time
-                job = job_;
             }
-            (*job)(w);
-            std::lock_guard lock(mutex_);
-            if (--pending_ == 0) done_.notify_one();
+            seen = generation_.load(std::memory_order_acquire);
+            if (w >= count_) continue;  // not asked this time
+            (*job_)(w);
+            if (pending_.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+                std::lock_guard lock(mutex_);
+                done_.notify_one();
+            }
         }
     }
 
     std::mutex mutex_;
     std::condition_variable wake_, done_;
     const std::function<void(size_t)>* job_ = nullptr;
-    size_t count_ = 0, pending_ = 0;
-    uint64_t generation_ = 0;
+    size_t count_ = 0;
+    std::atomic<size_t> pending_{0};
+    std::atomic<uint64_t> generation_{0};
     bool stop_ = false;
     std::vector<std::thread> threads_;
 };
@@ -157,23 +174,18 @@ void ParallelRn::runRecords(std::span<const GrowthParams> queries, std::span<flo
 namespace {
 
 // The bits of what a walk reads: Loo, K, C, WP and the origin.
-struct OriginKey {
-    std::array<uint32_t, 5> bits;
-    bool operator==(const OriginKey&) const = default;
-};
+using OriginKey = std::array<uint32_t, 5>;
 
-struct OriginKeyHash {
-    size_t operator()(const OriginKey& key) const {
-        uint64_t h = 0x9E3779B97F4A7C15ull;
-        for (uint32_t b : key.bits) h = (h ^ b) * 0xBF58476D1CE4E5B9ull;
-        return static_cast<size_t>(h ^ (h >> 31));
-    }
-};
+size_t HashOf(const OriginKey& key) {
+    uint64_t h = 0x9E3779B97F4A7C15ull;
+    for (uint32_t b : key) h = (h ^ b) * 0xBF58476D1CE4E5B9ull;
+    return static_cast<size_t>(h ^ (h >> 31));
+}
 
 OriginKey KeyOf(const GrowthParams& q, float origin) {
-    OriginKey key;
     const float v[5] = {q.loo, q.k, q.c, q.wp, origin};
-    for (size_t i = 0; i < 5; ++i) key.bits[i] = std::bit_cast<uint32_t>(v[i]);
+    OriginKey key;
+    for (size_t i = 0; i < 5; ++i) key[i] = std::bit_cast<uint32_t>(v[i]);
     return key;
 }
 
@@ -195,8 +207,11 @@ void ParallelRn::runByOrigin(std::span<const GrowthParams> queries, std::span<fl
                              float floor, bool records) {
     const size_t n = queries.size();
     RnWorker& first = *workers_[0];
-    std::unordered_map<OriginKey, uint32_t, OriginKeyHash> seen;
-    seen.reserve(n);
+    // An open-addressing table of the settings met, at most half full.
+    const size_t capacity = std::bit_ceil(std::max<size_t>(16, 2 * n));
+    constexpr uint32_t kFree = std::numeric_limits<uint32_t>::max();
+    table_.assign(capacity, kFree);
+    distinctKey_.clear();
     distinct_.clear();
     distinctOrigin_.clear();
     slot_.resize(n);
@@ -210,13 +225,17 @@ void ParallelRn::runByOrigin(std::span<const GrowthParams> queries, std::span<fl
             originFault = std::current_exception();
             break;
         }
-        const auto [it, fresh] = seen.try_emplace(KeyOf(queries[formed], origin),
-                                                  static_cast<uint32_t>(distinct_.size()));
-        if (fresh) {
+        const OriginKey key = KeyOf(queries[formed], origin);
+        size_t at = HashOf(key) & (capacity - 1);
+        while (table_[at] != kFree && distinctKey_[table_[at]] != key)
+            at = (at + 1) & (capacity - 1);
+        if (table_[at] == kFree) {
+            table_[at] = static_cast<uint32_t>(distinct_.size());
+            distinctKey_.push_back(key);
             distinct_.push_back(queries[formed]);
             distinctOrigin_.push_back(origin);
         }
-        slot_[formed] = it->second;
+        slot_[formed] = table_[at];
     }
     distinctScore_.assign(distinct_.size(), 0);
     workerFloor_.assign(workers_.size(), floor);

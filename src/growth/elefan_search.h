@@ -123,6 +123,8 @@ class ParallelRn {
     std::vector<GrowthParams> distinct_;
     std::vector<float> distinctOrigin_, distinctScore_;
     std::vector<uint32_t> slot_;
+    std::vector<uint32_t> table_;  // the open-addressing table of the last batch's settings
+    std::vector<std::array<uint32_t, 5>> distinctKey_;
     std::vector<float> workerFloor_;  // each worker's floor in the batch under way
 };
 

@@ -13,7 +13,7 @@ class EngineWorker : public RnWorker {
     // The curve's origin comes from the starting point; the query's t0 plays no part.
     float score(const GrowthParams& q) override { return ComputeRn(model_, q, scratch_); }
     bool scoresByOrigin() const override { return true; }
-    float origin(const GrowthParams& q) override { return CurveOrigin(model_, q); }
+    float origin(const GrowthParams& q) override { return CurveOrigin(model_, q, &logs_); }
     float scoreFromOrigin(const GrowthParams& q, float t0) override {
         return ComputeRnFromOrigin(model_, q, t0, scratch_);
     }
@@ -24,6 +24,7 @@ class EngineWorker : public RnWorker {
   private:
     const ElefanModel& model_;
     ElefanScratch scratch_;
+    OriginLogs logs_;
 };
 
 class EngineScorer : public ElefanFileScorer {

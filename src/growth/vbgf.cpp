@@ -36,8 +36,16 @@ float GrowthLength(double t, const GrowthParams& p, float curveT0) {
     return l < 0.0f ? 0.0f : l;
 }
 
+double GrowthT0Log(float sl, float loo) {
+    return Ln(1.0 - Div(sl, loo));
+}
+
 float GrowthT0(float sl, float t, const GrowthParams& p) {
-    const float x = R4(Div(Ln(1.0 - Div(sl, p.loo)), p.k));
+    return GrowthT0FromLog(GrowthT0Log(sl, p.loo), t, p);
+}
+
+float GrowthT0FromLog(double lg, float t, const GrowthParams& p) {
+    const float x = R4(Div(lg, p.k));
     if (p.c == 0.0f) return R4(static_cast<double>(x) + t);
     return R4(p.c * std::sin(((static_cast<double>(t) - p.wp) + 0.5) * kTwoPi) / kTwoPi + x + t);
 }

@@ -42,5 +42,9 @@ float GrowthLength(double t, const GrowthParams& p, float curveT0);
 // t enters, so the curve passes near, not exactly through, (t, sl). Faults: sl >= Loo takes
 // the logarithm of a non-positive number, K = 0 divides by zero.
 float GrowthT0(float sl, float t, const GrowthParams& p);
+// GrowthT0 in two steps, for callers that meet one length and Loo under many K: the logarithm
+// ln(1 - sl / Loo), with its faults, and the origin from it.
+double GrowthT0Log(float sl, float loo);
+float GrowthT0FromLog(double lg, float t, const GrowthParams& p);
 
 }  // namespace norvo
