@@ -47,11 +47,11 @@ class ParallelRn::Pool {
     // `job` must not throw.
     void run(size_t count, const std::function<void(size_t)>& job) {
         job_ = &job;
-        count_ = count;
         pending_.store(count - 1, std::memory_order_relaxed);
         {
             std::lock_guard lock(mutex_);
-            generation_.fetch_add(1, std::memory_order_release);
+            const uint64_t generation = (state_.load(std::memory_order_relaxed) >> 16) + 1;
+            state_.store(generation << 16 | count, std::memory_order_release);
         }
         wake_.notify_all();
         job(0);
@@ -78,14 +78,16 @@ class ParallelRn::Pool {
     void loop(size_t w) {
         uint64_t seen = 0;
         for (;;) {
-            auto fresh = [&] { return generation_.load(std::memory_order_acquire) != seen; };
+            auto fresh = [&] { return state_.load(std::memory_order_acquire) != seen; };
             if (!SpinUntil(fresh)) {
                 std::unique_lock lock(mutex_);
                 wake_.wait(lock, [&] { return stop_ || fresh(); });
                 if (stop_) return;
             }
-            seen = generation_.load(std::memory_order_acquire);
-            if (w >= count_) continue;  // not asked this time
+            // The generation and its count are read together: a helper not asked this time
+            // may only see the next job once the main thread has posted it.
+            seen = state_.load(std::memory_order_acquire);
+            if (w >= (seen & 0xFFFF)) continue;  // not asked this time
             (*job_)(w);
             if (pending_.fetch_sub(1, std::memory_order_acq_rel) == 1) {
                 std::lock_guard lock(mutex_);
@@ -97,9 +99,9 @@ class ParallelRn::Pool {
     std::mutex mutex_;
     std::condition_variable wake_, done_;
     const std::function<void(size_t)>* job_ = nullptr;
-    size_t count_ = 0;
     std::atomic<size_t> pending_{0};
-    std::atomic<uint64_t> generation_{0};
+    // The job's generation above bit 16, the number of workers asked below.
+    std::atomic<uint64_t> state_{0};
     bool stop_ = false;
     std::vector<std::thread> threads_;
 };
@@ -151,21 +153,20 @@ void ParallelRn::run(std::span<const GrowthParams> queries, std::span<float> out
 
 void ParallelRn::runAbove(std::span<const GrowthParams> queries, std::span<float> out,
                           float floor) {
-    const size_t n = queries.size();
-    if (out.size() < n) throw SubscriptFault("ParallelRn::run");
-    if (workers_[0]->scoresByOrigin()) {
-        runByOrigin(queries, out, floor, false);
-        return;
-    }
-    spread(n, [&](size_t w, size_t i) { out[i] = workers_[w]->score(queries[i]); });
+    runFloored(queries, out, floor, false);
 }
 
 void ParallelRn::runRecords(std::span<const GrowthParams> queries, std::span<float> out,
                             float floor) {
+    runFloored(queries, out, floor, true);
+}
+
+void ParallelRn::runFloored(std::span<const GrowthParams> queries, std::span<float> out,
+                            float floor, bool records) {
     const size_t n = queries.size();
     if (out.size() < n) throw SubscriptFault("ParallelRn::run");
     if (workers_[0]->scoresByOrigin()) {
-        runByOrigin(queries, out, floor, true);
+        runByOrigin(queries, out, floor, records);
         return;
     }
     spread(n, [&](size_t w, size_t i) { out[i] = workers_[w]->score(queries[i]); });

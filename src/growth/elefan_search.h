@@ -110,6 +110,8 @@ class ParallelRn {
     // i is raised, as one thread working in order would have met it first.
     template <class Score>
     void spread(size_t n, Score&& score);
+    void runFloored(std::span<const GrowthParams> queries, std::span<float> out, float floor,
+                    bool records);
     void runByOrigin(std::span<const GrowthParams> queries, std::span<float> out, float floor,
                      bool records);
 
