@@ -1,4 +1,5 @@
 // norvo-cli: runs the system's analyses headless on data files.
+#include <algorithm>
 #include <filesystem>
 
 #include "base/fault.h"
@@ -10,8 +11,8 @@
 
 namespace norvo::cli {
 
-std::vector<CommandSetup>& CommandRegistry() {
-    static std::vector<CommandSetup> registry;
+std::vector<RegisteredCommand>& CommandRegistry() {
+    static std::vector<RegisteredCommand> registry;
     return registry;
 }
 
@@ -57,7 +58,10 @@ int main(int argc, char** argv) {
     app.add_flag("--json", ctx.json, "Print results as JSON");
     app.fallthrough();
     app.footer(kExitCodesFooter);
-    for (auto& setup : CommandRegistry()) setup(app, ctx);
+    auto& commands = CommandRegistry();
+    std::stable_sort(commands.begin(), commands.end(),
+                     [](const auto& a, const auto& b) { return a.file < b.file; });
+    for (auto& command : commands) command.setup(app, ctx);
     AddExamples(app);
     InstallInterruptFlag();
     try {

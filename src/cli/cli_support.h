@@ -4,6 +4,7 @@
 #include <functional>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <source_location>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -79,13 +80,22 @@ struct Context {
 };
 
 // Each command file registers itself: the callback adds its subcommand to the app and arranges
-// for its own run; `result` receives the exit code of the command.
+// for its own run; `result` receives the exit code of the command. The app takes the commands
+// in the order of their files' names, whatever order the registrations ran in.
 using CommandSetup = std::function<void(CLI::App& app, Context& ctx)>;
 
-std::vector<CommandSetup>& CommandRegistry();
+struct RegisteredCommand {
+    std::string file;
+    CommandSetup setup;
+};
+
+std::vector<RegisteredCommand>& CommandRegistry();
 
 struct RegisterCommand {
-    explicit RegisterCommand(CommandSetup setup) { CommandRegistry().push_back(std::move(setup)); }
+    explicit RegisterCommand(CommandSetup setup,
+                             std::source_location where = std::source_location::current()) {
+        CommandRegistry().push_back({where.file_name(), std::move(setup)});
+    }
 };
 
 }  // namespace norvo::cli

@@ -58,7 +58,7 @@ void RunAppeldoornCommand(Context& ctx, const AppeldoornCliOptions& o) {
     if (!o.plot.empty()) std::cout << kGraphicSavedPrefix << o.plot << ".\n";
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_appeldoorn{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<AppeldoornCliOptions>();
     auto* cmd = app.add_subcommand("appeldoorn", "Appeldoorn's method on growth increments");
     cmd->add_option("FILE", o->path, "Growth increment file (.gin)")->required();

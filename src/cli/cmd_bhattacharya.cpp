@@ -72,7 +72,7 @@ void RunBhattacharya(Context& ctx, const BhattacharyaCliOptions& o) {
     for (const UserNotice& n : ctx.dialogs.shown()) std::cout << n.title << ": " << n.text << "\n";
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_bhattacharya{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<BhattacharyaCliOptions>();
     auto* cmd = app.add_subcommand("bhattacharya", "Bhattacharya's method on one sample");
     cmd->add_option("FILE", o->path, "Grouped length-frequency file (.lfq)")->required();

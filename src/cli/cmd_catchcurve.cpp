@@ -140,7 +140,7 @@ void RunCatchCurve(Context& ctx, const CatchCurveCliOptions& o) {
     }
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_catchcurve{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<CatchCurveCliOptions>();
     auto* cmd = app.add_subcommand("catchcurve", "Length-converted catch curve: Z from a file");
     cmd->add_option("FILE", o->path, "Grouped length-frequency file (.lfq)")->required();

@@ -62,7 +62,7 @@ void RunRn(Context& ctx, const RnOptions& o) {
               << "Rn: " << Format(rn, "0.000") << "\n";
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_elefan_rn{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<RnOptions>();
     auto* cmd = ElefanCommand(app).add_subcommand("rn", "Score one set of growth parameters");
     cmd->add_option("FILE", o->path, "Grouped length-frequency file (.lfq)")->required();

@@ -185,7 +185,7 @@ void AddCommon(CLI::App* cmd, Common& o) {
     sl->needs(ss);
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_elefan_search{[](CLI::App& app, Context& ctx) {
     CLI::App& elefan = ElefanCommand(app);
     {
         auto o = std::make_shared<KScanOptions>();

@@ -106,7 +106,7 @@ void RunGillnet(Context& ctx, const GillnetCliOptions& o) {
                   << "  " << Format(r.selectionB[i], "0.0000") << "\n";
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_gillnet{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<GillnetCliOptions>();
     auto* cmd = app.add_subcommand("gillnet", "Gillnet selection from the catches of two nets");
     cmd->add_option("FILE", o->path, "Grouped length-frequency file (.lfq)")->required();

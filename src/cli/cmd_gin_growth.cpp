@@ -172,7 +172,7 @@ void AddCommand(CLI::App& app, Context& ctx, const char* name, const char* about
     cmd->callback([&ctx, o, run] { run(ctx, *o); });
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_gin_growth{[](CLI::App& app, Context& ctx) {
     AddCommand(app, ctx, "gulland", "Gulland and Holt plot: Loo and K from growth increments",
                RunGulland, "Write the rate plot (.png, .svg, .bmp, .pdf)");
     AddCommand(app, ctx, "munro", "Munro's method: the Loo at which the K of the fish agree",

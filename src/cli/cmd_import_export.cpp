@@ -83,7 +83,7 @@ void RunDos(Context& ctx, const DosArgs& a) {
     }
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_import_export{[](CLI::App& app, Context& ctx) {
     auto im = std::make_shared<ImportArgs>();
     auto* i = app.add_subcommand("import", "Make a data file from a CSV or tab-separated table");
     i->add_option("TABLE", im->table, "Table (.csv, or .tab/.tsv/.txt for tabs)")->required();

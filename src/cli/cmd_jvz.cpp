@@ -88,7 +88,7 @@ void RunJvz(Context& ctx, const JvzCliOptions& o) {
               << "\n";
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_jvz{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<JvzCliOptions>();
     auto* cmd = app.add_subcommand("jvz", "Jones and van Zalinge plot: Z/K from a file");
     cmd->add_option("FILE", o->path, "Grouped length-frequency file (.lfq)")->required();

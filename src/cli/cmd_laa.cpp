@@ -53,7 +53,7 @@ void RunLaa(Context& ctx, const LaaCliOptions& o) {
     if (!o.plot.empty()) std::cout << kGraphicSavedPrefix << o.plot << ".\n";
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_laa{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<LaaCliOptions>();
     auto* cmd = app.add_subcommand("laa", "Fit the growth curve to a length-at-age file");
     cmd->add_option("FILE", o->path, "Length-at-age file (.laa)")->required();

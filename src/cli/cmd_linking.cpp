@@ -93,7 +93,7 @@ void RunLinking(Context& ctx, const LinkingCliOptions& o) {
     std::cout << "Loo = " << Format(g.loo, "0.00") << "  K = " << Format(g.k, "0.000") << "\n";
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_linking{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<LinkingCliOptions>();
     auto* cmd = app.add_subcommand("linking", "Linking of means from an MSD file");
     cmd->add_option("FILE", o->path, "Means and s.d. file (.msd)")->required();

@@ -77,7 +77,7 @@ void RunLmax(Context& ctx, const LmaxOptions& o) {
               << "\n";
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_lmax{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<LmaxOptions>();
     auto* cmd =
         app.add_subcommand("lmax", "Predict the maximum length from the samples' extreme lengths");

@@ -102,7 +102,7 @@ void RunRikhter(Context& ctx, const RikhterEfanovInput& in) {
     }
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_mortality{[](CLI::App& app, Context& ctx) {
     CLI::App& mortality = MortalityCommand(app);
 
     auto bh = std::make_shared<MeanLengthInput>();

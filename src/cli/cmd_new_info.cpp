@@ -98,7 +98,7 @@ void RunInfo(Context& ctx, const std::string& path) {
     if (grouped) PrintLfqInfo(ctx, path);
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_new_info{[](CLI::App& app, Context& ctx) {
     auto newPath = std::make_shared<std::string>();
     auto force = std::make_shared<bool>(false);
     auto* cmdNew =

@@ -60,7 +60,7 @@ void RunNormsepCommand(Context& ctx, const NormsepCliOptions& o) {
               << " evaluations, " << r.fit.restarts << " restarts\n";
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_normsep{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<NormsepCliOptions>();
     auto* cmd = app.add_subcommand("normsep", "NORMSEP: normal components of a sample");
     cmd->add_option("FILE", o->path, "Grouped length-frequency file (.lfq)")->required();

@@ -22,7 +22,7 @@ void RunPhi(Context& ctx, const PhiPrimeInput& in) {
               << "phi  = " << (r.phi ? Format(*r.phi, kPhiFormat) : "") << "\n";
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_phi{[](CLI::App& app, Context& ctx) {
     auto in = std::make_shared<PhiPrimeInput>();
     auto* cmd = app.add_subcommand("phi", "Growth performance indices phi' (Loo, K), phi (Woo, K)");
     cmd->add_option("--k", in->k, "Curvature parameter (K)")->required();

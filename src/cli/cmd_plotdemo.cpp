@@ -36,7 +36,7 @@ void RunPlotDemo(const PlotDemoOptions& o, Context& ctx) {
     }
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_plotdemo{[](CLI::App& app, Context& ctx) {
     auto opts = std::make_shared<PlotDemoOptions>();
     auto* cmd = app.add_subcommand("plotdemo", "Draw a sample plot (growth curve or frequencies)");
     cmd->add_option("--plot", opts->plot, "Output picture: .png, .bmp, .svg or .pdf")->required();

@@ -94,7 +94,7 @@ void RunPw(Context& ctx, const PwCliOptions& o) {
               << "\n";
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_pw{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<PwCliOptions>();
     auto* cmd = app.add_subcommand("pw", "Powell-Wetherall plot: Loo and Z/K from a file");
     cmd->add_option("FILE", o->path, "Grouped length-frequency file (.lfq)")->required();

@@ -80,7 +80,7 @@ void RunRecruitment(Context& ctx, const RecruitmentCliOptions& o) {
                       << Format(groups->groups[g].proportion, "0.000") << "\n";
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_recruitment{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<RecruitmentCliOptions>();
     auto* cmd = app.add_subcommand("recruitment", "Recruitment pattern by month from a file");
     cmd->add_option("FILE", o->path, "Grouped length-frequency file (.lfq)")->required();

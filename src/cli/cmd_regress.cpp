@@ -106,7 +106,7 @@ void RunRegress(Context& ctx, const RegressCliOptions& o) {
     if (!o.plot.empty()) std::cout << kGraphicSavedPrefix << o.plot << ".\n";
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_regress{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<RegressCliOptions>();
     auto* cmd = app.add_subcommand("regress", "Fit a straight line through the pairs of a file");
     cmd->add_option("FILE", o->path, "Two-column regression file (.xyf)")->required();

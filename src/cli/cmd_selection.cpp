@@ -63,7 +63,7 @@ void RunSelection(Context& ctx, const SelectionCliOptions& o) {
         std::cout << "a = " << curve.a << "  b = " << curve.b << "  r = " << curve.r << "\n";
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_selection{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<SelectionCliOptions>();
     auto* cmd = app.add_subcommand("selection", "Trawl-type selection lengths from a PRB file");
     cmd->add_option("FILE", o->path, "Probabilities of capture file (.prb)")->required();

@@ -142,7 +142,7 @@ void AddCommon(CLI::App* cmd, ShepherdCommon& o) {
     cmd->add_flag("--force", o.force, "Replace an existing plot file")->needs(plot);
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_shepherd{[](CLI::App& app, Context& ctx) {
     auto* shepherd = app.add_subcommand("shepherd", "Shepherd's method: scores of Loo and K");
     shepherd->require_subcommand(1);
     {

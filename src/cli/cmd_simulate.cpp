@@ -125,7 +125,7 @@ void RunSimulate(Context& ctx, SimulateOptions& o) {
     }
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_simulate{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<SimulateOptions>();
     auto* cmd = app.add_subcommand(
         "simulate", "Simulate a fished stock and write its STOCK and CATCH length frequencies");

@@ -207,7 +207,7 @@ void Run(Context& ctx, const TbCliOptions& o) {
     PrintTable(kThompsonBellCumulative, CumulativeTable(r));
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_tb{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<TbCliOptions>();
     auto* cmd = app.add_subcommand(
         "tb", "Thompson and Bell yield-stock prediction of a multi-species, multi-fleet scenario");

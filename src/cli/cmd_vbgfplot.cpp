@@ -81,7 +81,7 @@ void RunVbgfPlot(Context& ctx, const VbgfPlotOptions& o) {
     }
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_vbgfplot{[](CLI::App& app, Context& ctx) {
     auto o = std::make_shared<VbgfPlotOptions>();
     auto* cmd = app.add_subcommand(
         "vbgfplot", "Plot the samples of a grouped file with the growth curves across them");

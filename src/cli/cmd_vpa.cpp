@@ -147,7 +147,7 @@ void RunLength(Context& ctx, const LengthCliOptions& o) {
     if (!o.saveSpc.empty()) std::cout << "The species table was saved in " << o.saveSpc << ".\n";
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_vpa{[](CLI::App& app, Context& ctx) {
     auto* vpa = app.add_subcommand("vpa", "Virtual population analysis by age or by length");
     vpa->require_subcommand(1);
 

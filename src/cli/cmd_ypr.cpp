@@ -216,7 +216,7 @@ void AddCommon(CLI::App* cmd, YprCliOptions& o) {
     cmd->add_option("--height", o.height, "Height in pixels")->check(CLI::Range(16, 10000));
 }
 
-RegisterCommand reg{[](CLI::App& app, Context& ctx) {
+RegisterCommand register_ypr{[](CLI::App& app, Context& ctx) {
     auto* ypr = app.add_subcommand("ypr", "Relative yield and biomass per recruit");
     ypr->require_subcommand(1);
 
