@@ -143,7 +143,7 @@ TEST(CliImport, TablesOfIncrementsGetTheEditorsChecks) {
 
 // Ctrl-C during a K-scan ends it between two steps: exit 130, no result, no plot. The file is
 // large enough for the scan to take well over the two seconds before the signal (ten years of
-// monthly samples in 400 classes: about 20 s on two cores).
+// monthly samples in 400 classes: about 9 s on two cores).
 TEST(CliStop, CtrlCStopsALongKScan) {
     TempDir dir;
     constexpr int kClasses = 400, kSamples = 120;
