@@ -4,6 +4,7 @@
 
 #include "base/format.h"
 #include "cli/growth_fit_cli.h"
+#include "cli/plot_output.h"
 #include "growth/growth_fit_plot.h"
 
 namespace norvo::cli {
@@ -29,7 +30,7 @@ void RunAppeldoornCommand(Context& ctx, const AppeldoornCliOptions& o) {
     if (!o.plot.empty()) {
         ChartCanvas canvas(800, 600);
         DrawAppeldoornCurve(canvas, data, run);
-        WritePlot(canvas, o.plot);
+        SavePlotOrRefuse(canvas, o.plot);
     }
     const std::vector<std::string> names(kApParamNames.begin(), kApParamNames.end());
     if (ctx.json) {

@@ -6,6 +6,7 @@
 #include "base/format.h"
 #include "cli/cli_support.h"
 #include "cli/modal_cli.h"
+#include "cli/plot_output.h"
 #include "data/lfq_file.h"
 #include "modal/bhattacharya.h"
 #include "modal/modal_plot.h"

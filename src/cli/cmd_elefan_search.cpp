@@ -13,19 +13,16 @@
 #include "cli/cli_support.h"
 #include "cli/cmd_elefan.h"
 #include "cli/interrupt.h"
+#include "cli/plot_output.h"
 #include "data/lfq_file.h"
 #include "growth/elefan.h"
 #include "growth/elefan_lfq.h"
 #include "growth/elefan_search.h"
 #include "growth/elefan_search_engine.h"
 #include "growth/elefan_search_plot.h"
-#include "plot/render/canvas_renderer.h"
 
 namespace norvo::cli {
 namespace {
-
-inline constexpr const char* kPlotFailedTitle = "Plot";
-inline constexpr const char* kPlotFailed = "The plot could not be written to ";
 
 struct Common {
     std::string path;
@@ -56,10 +53,6 @@ Loaded Load(Context& ctx, const Common& o) {
         l.state.sl = *o.sl;
     }
     return l;
-}
-
-void SavePlotOrRefuse(const ChartCanvas& canvas, const std::string& path) {
-    if (!SavePlot(canvas, path)) throw Refusal(kPlotFailedTitle, kPlotFailed + path);
 }
 
 nlohmann::json ParamsJson(const GrowthParams& q, float rn) {

@@ -5,9 +5,9 @@
 
 #include "base/format.h"
 #include "cli/cli_support.h"
+#include "cli/plot_output.h"
 #include "data/lfq_file.h"
 #include "numerics/text_convert.h"
-#include "plot/render/canvas_renderer.h"
 #include "selection/gillnet.h"
 #include "selection/gillnet_plot.h"
 
@@ -75,8 +75,7 @@ void RunGillnet(Context& ctx, const GillnetCliOptions& o) {
         for (const auto& [canvas, path] : {std::pair{&curves, o.plot},
                                            {&ratio, Beside(o.plot, "_ratio")},
                                            {&catches, Beside(o.plot, "_catch")}})
-            if (!SavePlot(*canvas, path))
-                throw Refusal("Save image...", "The plot could not be written to " + path + ".");
+            SavePlotOrRefuse(*canvas, path);
     }
     if (ctx.json) {
         ctx.print({{"points", r.points},

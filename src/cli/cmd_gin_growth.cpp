@@ -5,10 +5,10 @@
 
 #include "base/format.h"
 #include "cli/cli_support.h"
+#include "cli/plot_output.h"
 #include "data/sample_readers.h"
 #include "growth/growth_increments.h"
 #include "growth/increment_plots.h"
-#include "plot/render/canvas_renderer.h"
 
 namespace norvo::cli {
 namespace {
@@ -46,11 +46,6 @@ nlohmann::json Regression(const RegressionResult& r) {
     return j;
 }
 
-void WritePlot(const ChartCanvas& canvas, const std::string& path) {
-    if (!SavePlot(canvas, path))
-        throw Refusal(kSaveImageTitle, "The plot could not be written to " + path + ".");
-}
-
 void RunGulland(Context& ctx, const GinCliOptions& o) {
     const GinData data = ctx.read(ReadGIN(o.path));
     GullandHoltOptions opt;
@@ -62,7 +57,7 @@ void RunGulland(Context& ctx, const GinCliOptions& o) {
         ChartCanvas canvas;
         DrawRatePlot(canvas, RowRates(data.rows, false), r.selected, r.hasLine(), r.a, r.b,
                      data.header.unitOfMeasurement, kGhTitle);
-        WritePlot(canvas, o.plot);
+        SavePlotOrRefuse(canvas, o.plot);
     }
     if (ctx.json) {
         nlohmann::json j = {{"n", r.n()}};
@@ -108,7 +103,7 @@ void RunMunro(Context& ctx, const GinCliOptions& o) {
         ChartCanvas canvas;
         DrawRelativeAgePlot(canvas, data.rows, r.selected, r.loo, r.k,
                             data.header.unitOfMeasurement, kMunroReportTitle);
-        WritePlot(canvas, o.plot);
+        SavePlotOrRefuse(canvas, o.plot);
     }
     if (ctx.json) {
         const auto& g = r.gh;
@@ -142,7 +137,7 @@ void RunFabens(Context& ctx, const GinCliOptions& o) {
         const bool curve = r.aboveLoo < static_cast<int>(r.data.l2.size());
         DrawRelativeAgePlot(canvas, data.rows, r.selected, curve ? r.loo : 0, r.k,
                             data.header.unitOfMeasurement, kFabensTitle);
-        WritePlot(canvas, o.plot);
+        SavePlotOrRefuse(canvas, o.plot);
     }
     if (ctx.json) {
         ctx.print({{"estimates", {{"Loo", r.loo}, {"K", r.k}}},

@@ -5,10 +5,10 @@
 
 #include "base/format.h"
 #include "cli/cli_support.h"
+#include "cli/plot_output.h"
 #include "cli/sample_options.h"
 #include "data/lfq_file.h"
 #include "mortality/jones_van_zalinge_plot.h"
-#include "plot/render/canvas_renderer.h"
 
 namespace norvo::cli {
 namespace {
@@ -62,8 +62,7 @@ void RunJvz(Context& ctx, const JvzCliOptions& o) {
         KeepExisting(o.plot, o.force);
         ChartCanvas canvas;
         DrawJonesVanZalinge(canvas, run);
-        if (!SavePlot(canvas, o.plot))
-            throw Refusal(kSaveImageTitle, "The plot could not be written to " + o.plot + ".");
+        SavePlotOrRefuse(canvas, o.plot);
     }
     if (ctx.json) {
         ctx.print({{"usable", run.usable},

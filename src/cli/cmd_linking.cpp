@@ -6,6 +6,7 @@
 #include "base/format.h"
 #include "cli/cli_support.h"
 #include "cli/modal_cli.h"
+#include "cli/plot_output.h"
 #include "data/sample_readers.h"
 #include "data/store_routines.h"
 #include "modal/linking.h"

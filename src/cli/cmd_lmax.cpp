@@ -1,13 +1,12 @@
 // norvo-cli lmax FILE.lfq [--plot OUT]: predicts the maximum length from the extreme lengths of
 // the file's samples.
-#include <QGuiApplication>
 #include <memory>
 
 #include "base/format.h"
 #include "cli/cli_support.h"
+#include "cli/plot_output.h"
 #include "data/lfq_file.h"
 #include "growth/lmax.h"
-#include "plot/render/canvas_renderer.h"
 
 namespace norvo::cli {
 namespace {
@@ -17,16 +16,6 @@ struct LmaxOptions {
     std::string plotPath;
 };
 
-// Painting text needs a GUI application object; a headless run takes the offscreen platform.
-void EnsureGuiApplication() {
-    if (QCoreApplication::instance() != nullptr) return;
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int argc = 1;
-    static char name[] = "norvo-cli";
-    static char* argv[] = {name, nullptr};
-    static QGuiApplication app(argc, argv);
-}
-
 void RunLmax(Context& ctx, const LmaxOptions& o) {
     const LfqData data = ctx.read(ReadLFQ(o.path));
     const auto extremes = ExtremeLengths(data);
@@ -35,12 +24,9 @@ void RunLmax(Context& ctx, const LmaxOptions& o) {
     if (!fit.ok) throw Refusal(kLmaxCalcErrorTitle, kLmaxCalcErrorMessage);
 
     if (!o.plotPath.empty()) {
-        EnsureGuiApplication();
         ChartCanvas canvas;
         GraphResults(canvas, fit, data.unitOfMeasurement);
-        if (!SavePlot(canvas, o.plotPath)) {
-            throw Refusal("Save image...", "The plot could not be written to " + o.plotPath + ".");
-        }
+        SavePlotOrRefuse(canvas, o.plotPath);
     }
 
     if (ctx.json) {

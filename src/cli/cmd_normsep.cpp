@@ -6,10 +6,10 @@
 #include "base/format.h"
 #include "cli/cli_support.h"
 #include "cli/modal_cli.h"
+#include "cli/plot_output.h"
 #include "data/lfq_file.h"
 #include "modal/modal_plot.h"
 #include "modal/normsep.h"
-#include "plot/render/canvas_renderer.h"
 
 namespace norvo::cli {
 namespace {

@@ -3,7 +3,7 @@
 
 #include "chart/demo_plots.h"
 #include "cli/cli_support.h"
-#include "plot/render/canvas_renderer.h"
+#include "cli/plot_output.h"
 
 namespace norvo::cli {
 namespace {
@@ -26,9 +26,7 @@ void RunPlotDemo(const PlotDemoOptions& o, Context& ctx) {
         ChartPlot plot;
         DrawEngineDemo(canvas, plot, MakeFrequencyDemo());
     }
-    if (!SavePlot(canvas, o.plot, o.width, o.height)) {
-        throw Refusal("Plot Not Saved", "The plot could not be written to " + o.plot + ".");
-    }
+    SavePlotOrRefuse(canvas, o.plot, o.width, o.height);
     if (ctx.json) {
         ctx.print({{"plot", o.plot}, {"kind", o.kind}, {"width", o.width}, {"height", o.height}});
     } else {

@@ -5,10 +5,10 @@
 
 #include "base/format.h"
 #include "cli/cli_support.h"
+#include "cli/plot_output.h"
 #include "cli/sample_options.h"
 #include "data/lfq_file.h"
 #include "growth/powell_wetherall_plot.h"
-#include "plot/render/canvas_renderer.h"
 
 namespace norvo::cli {
 namespace {
@@ -42,8 +42,7 @@ void WritePlots(const PwCliOptions& o, const LfqData& data, const PowellWetheral
     DrawPowellWetherall(pw, d, data.unitOfMeasurement, fit.firstPoint, &fit);
     DrawPseudoCatch(pc, d, data.unitOfMeasurement, fit.firstPoint);
     for (const auto& [canvas, path] : {std::pair{&pw, o.plot}, {&pc, pseudo}})
-        if (!SavePlot(*canvas, path))
-            throw Refusal(kSaveImageTitle, "The plot could not be written to " + path + ".");
+        SavePlotOrRefuse(*canvas, path);
 }
 
 void RunPw(Context& ctx, const PwCliOptions& o) {

@@ -5,10 +5,10 @@
 
 #include "base/format.h"
 #include "cli/cli_support.h"
+#include "cli/plot_output.h"
 #include "cli/sample_options.h"
 #include "data/lfq_file.h"
 #include "numerics/text_convert.h"
-#include "plot/render/canvas_renderer.h"
 #include "selection/recruitment.h"
 #include "selection/recruitment_normsep.h"
 #include "selection/recruitment_plot.h"
@@ -48,8 +48,7 @@ void RunRecruitment(Context& ctx, const RecruitmentCliOptions& o) {
         ChartCanvas canvas;
         DrawRecruitment(canvas, r);
         if (groups) DrawRecruitmentGroups(canvas, r, *groups);
-        if (!SavePlot(canvas, o.plot))
-            throw Refusal("Save image...", "The plot could not be written to " + o.plot + ".");
+        SavePlotOrRefuse(canvas, o.plot);
     }
     if (ctx.json) {
         nlohmann::json j = {

@@ -10,9 +10,9 @@
 
 #include "chart/regress_plot.h"
 #include "cli/cli_support.h"
+#include "cli/plot_output.h"
 #include "data/xyf_file.h"
 #include "numerics/regression_tool.h"
-#include "plot/render/canvas_renderer.h"
 
 namespace norvo::cli {
 namespace {
@@ -75,8 +75,7 @@ void RunRegress(Context& ctx, const RegressCliOptions& o) {
     if (!o.plot.empty()) {
         ChartCanvas canvas(o.width, o.height);
         DrawRegression(canvas, data, run);
-        if (!SavePlot(canvas, o.plot, o.width, o.height))
-            throw Refusal(kSaveImageTitle, "The plot could not be written to " + o.plot + ".");
+        SavePlotOrRefuse(canvas, o.plot, o.width, o.height);
     }
 
     const RegressionResult& r = run.fit;

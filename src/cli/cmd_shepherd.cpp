@@ -10,6 +10,7 @@
 #include "cli/cli_support.h"
 #include "cli/cmd_elefan.h"
 #include "cli/growth_fit_cli.h"
+#include "cli/plot_output.h"
 #include "data/lfq_file.h"
 #include "growth/elefan_search_plot.h"
 #include "growth/shepherd_report.h"
@@ -91,7 +92,7 @@ void RunKScan(Context& ctx, const KScanOptions& o) {
         ChartCanvas canvas;
         DrawKScanFrame(canvas, o.loo);
         DrawKScanLine(canvas, t, r.scan.columns, ShepherdPlotScale(t, r.scan.columns));
-        WritePlot(canvas, o.plot);
+        SavePlotOrRefuse(canvas, o.plot);
     }
     if (ctx.json) {
         nlohmann::json rows = nlohmann::json::array();
@@ -130,7 +131,7 @@ void RunSurface(Context& ctx, const SurfaceOptions& o) {
     if (!o.plot.empty()) {
         ChartCanvas canvas;
         DrawSurfaceHeatMap(canvas, r);
-        WritePlot(canvas, o.plot);
+        SavePlotOrRefuse(canvas, o.plot);
     }
     PrintSurface(ctx, r);
 }

@@ -6,8 +6,8 @@
 
 #include "base/format.h"
 #include "cli/cli_support.h"
+#include "cli/plot_output.h"
 #include "numerics/text_convert.h"
-#include "plot/render/canvas_renderer.h"
 #include "stock/thompson_bell.h"
 #include "stock/thompson_bell_plot.h"
 
@@ -102,8 +102,7 @@ void SavePlots(const ThompsonBellResult& r, std::pair<int, int> pick, const TbCl
     for (const Picture& p : pictures) {
         ChartCanvas canvas;
         DrawThompsonBellPlot(canvas, *p.table, p.q, p.cumulative);
-        if (!SavePlot(canvas, p.path))
-            throw Refusal("Plot Not Saved", "The plot could not be written to " + p.path + ".");
+        SavePlotOrRefuse(canvas, p.path);
     }
 }
 

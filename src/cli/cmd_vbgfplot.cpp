@@ -7,10 +7,10 @@
 #include "base/fault.h"
 #include "cli/cli_support.h"
 #include "cli/cmd_elefan.h"
+#include "cli/plot_output.h"
 #include "data/lfq_file.h"
 #include "growth/vbgf_plot.h"
 #include "numerics/text_convert.h"
-#include "plot/render/canvas_renderer.h"
 
 namespace norvo::cli {
 namespace {
@@ -59,8 +59,7 @@ void RunVbgfPlot(Context& ctx, const VbgfPlotOptions& o) {
     const PlotLayout layout = PlotHisto(canvas, data, h, o.restructured ? &points : nullptr);
     const CurveTable table = ComputePoints(data, check.params);
     if (!o.noCurve) PlotCurve(canvas, layout, table, kRed);
-    if (!SavePlot(canvas, o.plot, o.width, o.height))
-        throw Refusal("Plot Not Saved", "The plot could not be written to " + o.plot + ".");
+    SavePlotOrRefuse(canvas, o.plot, o.width, o.height);
 
     if (ctx.json) {
         nlohmann::json cohorts = nlohmann::json::array();

@@ -5,10 +5,10 @@
 
 #include "base/format.h"
 #include "cli/cli_support.h"
+#include "cli/plot_output.h"
 #include "cli/sample_options.h"
 #include "data/lfq_file.h"
 #include "data/sample_readers.h"
-#include "plot/render/canvas_renderer.h"
 #include "stock/vpa_age.h"
 #include "stock/vpa_length.h"
 #include "stock/vpa_plot.h"
@@ -40,11 +40,6 @@ nlohmann::json From1(const std::vector<T>& v, int n) {
     return a;
 }
 
-void SavePicture(const ChartCanvas& canvas, const std::string& path) {
-    if (!SavePlot(canvas, path))
-        throw Refusal("Plot Not Saved", "The plot could not be written to " + path + ".");
-}
-
 void RunAge(Context& ctx, const AgeCliOptions& o) {
     const CaaData data = ctx.read(ReadCAA(o.path));
     AgeVpaOptions opt;
@@ -62,7 +57,7 @@ void RunAge(Context& ctx, const AgeCliOptions& o) {
         ChartCanvas canvas;
         DrawVpaBars(canvas, BarsOf(r, ages));
         PutLegend(canvas, kAgeLegend, kVpaLegendHome);
-        SavePicture(canvas, o.plot);
+        SavePlotOrRefuse(canvas, o.plot);
     }
     if (ctx.json) {
         nlohmann::json j = {{"age", ages},
@@ -109,7 +104,7 @@ void RunLength(Context& ctx, const LengthCliOptions& o) {
         ChartCanvas canvas;
         DrawVpaBars(canvas, BarsOf(r));
         PutLegend(canvas, kLengthLegend, kVpaLegendHome);
-        SavePicture(canvas, o.plot);
+        SavePlotOrRefuse(canvas, o.plot);
     }
     if (!o.saveSpc.empty()) SaveLengthVpaSpecies(ctx, data, opt, r, o);
 

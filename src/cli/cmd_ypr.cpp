@@ -9,9 +9,9 @@
 #include "base/format.h"
 #include "chart/surface3d.h"
 #include "cli/cli_support.h"
+#include "cli/plot_output.h"
 #include "data/sample_readers.h"
 #include "numerics/text_convert.h"
-#include "plot/render/canvas_renderer.h"
 #include "stock/relative_ypr_knife.h"
 #include "stock/relative_ypr_ogive.h"
 #include "stock/relative_ypr_plot.h"
@@ -78,8 +78,7 @@ void SavePicture(const YprCliOptions& o, const Analysis& r, float yPrimeMax, boo
         DrawYprPlot(canvas, {r.curveY, r.curveB, yPrimeMax, r.e10, r.e50, r.eMax, r.yAtE10,
                              r.bAtE50, r.yAtEmax});
     }
-    if (!SavePlot(canvas, o.plot, o.width, o.height))
-        throw Refusal("Plot Not Saved", "The plot could not be written to " + o.plot + ".");
+    SavePlotOrRefuse(canvas, o.plot, o.width, o.height);
 }
 
 void PrintText(const std::vector<YprRow>& rows, double e10, double e50, double eMax) {

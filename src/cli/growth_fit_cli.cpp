@@ -7,11 +7,9 @@
 #include <sstream>
 
 #include "base/format.h"
-#include "chart/report.h"
 #include "growth/appeldoorn.h"
 #include "growth/length_at_age.h"
 #include "numerics/text_convert.h"
-#include "plot/render/canvas_renderer.h"
 
 namespace norvo::cli {
 namespace {
@@ -110,11 +108,6 @@ void CheckPlotPath(const std::string& plot, const std::string& data) {
     std::error_code ec;
     if (!plot.empty() && std::filesystem::equivalent(plot, data, ec))
         throw CLI::ValidationError("--plot", "would overwrite the data file");
-}
-
-void WritePlot(const ChartCanvas& canvas, const std::string& plot) {
-    if (!SavePlot(canvas, plot, canvas.widthPx(), canvas.heightPx()))
-        throw Refusal(kSaveImageTitle, "The plot could not be written to " + plot + ".");
 }
 
 }  // namespace norvo::cli

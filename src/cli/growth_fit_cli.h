@@ -30,8 +30,7 @@ void AddFitJson(nlohmann::json& j, const std::vector<std::string>& names,
 void PrintFit(const std::vector<std::string>& names, const MarquardtResult& fit,
               const std::string& remarks);
 
-// Refuses a plot path that is the data file; writes the plot or refuses.
+// Refuses a plot path that is the data file.
 void CheckPlotPath(const std::string& plot, const std::string& data);
-void WritePlot(const ChartCanvas& canvas, const std::string& plot);
 
 }  // namespace norvo::cli

@@ -4,7 +4,6 @@
 
 #include "cli/cli_support.h"
 #include "numerics/text_convert.h"
-#include "plot/render/canvas_renderer.h"
 
 namespace norvo::cli {
 
@@ -75,10 +74,6 @@ std::vector<float> SampleFrequencies(const LfqData& data, int sample) {
         f.push_back(
             static_cast<float>(data.freq[static_cast<size_t>(c)][static_cast<size_t>(sample - 1)]));
     return f;
-}
-
-void SavePlotOrRefuse(const ChartCanvas& canvas, const std::string& path) {
-    if (!SavePlot(canvas, path)) throw Refusal("Plot", "The plot could not be written to " + path);
 }
 
 }  // namespace norvo::cli

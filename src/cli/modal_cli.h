@@ -18,7 +18,5 @@ std::vector<std::pair<int, int>> ParsePointPairs(const std::string& text);
 std::vector<std::vector<int>> ParseSeries(const std::string& text);
 // The frequencies of a sample, 1-based by class; empty for a sample not in the file.
 std::vector<float> SampleFrequencies(const LfqData& data, int sample);
-// Writes the plot or refuses with the path.
-void SavePlotOrRefuse(const ChartCanvas& canvas, const std::string& path);
 
 }  // namespace norvo::cli

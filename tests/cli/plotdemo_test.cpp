@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <fmt/format.h>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <sstream>
+#include <vector>
 
 #include "support/test_paths.h"
 
@@ -37,6 +39,31 @@ TEST(PlotDemoCli, WritesEachPictureFormatThroughTheRenderer) {
     std::stringstream ss;
     ss << svg.rdbuf();
     EXPECT_NE(ss.str().find("Frequency (10^1)"), std::string::npos);
+}
+
+// Every command that writes a plot refuses a file it cannot write with the same title and text.
+TEST(PlotOutputCli, EveryCommandRefusesAnUnwritablePlotAlike) {
+    test::TempDir dir;
+    const std::string data = (test::BinDir() / "Data").string();
+    const std::string plot = dir.file("no/such/dir.png");
+    const std::vector<std::string> commands = {
+        fmt::format("lmax {}/Simull01.LFQ", data),
+        fmt::format("elefan kscan {}/Simull01.LFQ --loo 40", data),
+        fmt::format("shepherd kscan {}/Simull01.LFQ --loo 40", data),
+        fmt::format("gulland {}/SimTag.GIN", data),
+        fmt::format("laa {}/SimAge.LAA --weights no", data),
+        fmt::format("tb {}/SimGulf.sce --vary Trawl --fix Gillnet=0.5", data),
+        "plotdemo --kind A"};
+    for (const std::string& command : commands) {
+        const auto r = test::RunCli(fmt::format("--json {} --plot '{}'", command, plot));
+        EXPECT_EQ(r.exitCode, 2) << command << "\n" << r.err;
+        const auto j = nlohmann::json::parse(r.out, nullptr, false);
+        ASSERT_TRUE(j.contains("refused")) << command << "\n" << r.out;
+        EXPECT_EQ(j["refused"]["title"], "Plot Not Saved") << command;
+        EXPECT_EQ(j["refused"]["message"],
+                  fmt::format("The plot could not be written to {}.", plot))
+            << command;
+    }
 }
 
 TEST(PlotDemoCli, RefusesAnUnwritablePathAndABadSize) {
